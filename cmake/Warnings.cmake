@@ -1,0 +1,9 @@
+# Warnings for our own targets only: `target_link_libraries(t PRIVATE noonward_warnings)`.
+add_library(noonward_warnings INTERFACE)
+target_compile_options(noonward_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror
+  -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wold-style-cast -Wcast-align -Wimplicit-fallthrough -Wnull-dereference -Wundef
+  # An initialiser that names some members leaves the others at their declared defaults: meant.
+  -Wno-missing-field-initializers
+)
