@@ -1,0 +1,146 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/Published.h"
+#include "config/Config.h"
+#include "holidays/DayOff.h"
+#include "model/HourFormat.h"
+#include "model/Phase.h"
+#include "model/RepeatingTimer.h"
+#include "model/Row.h"
+#include "model/Strip.h"
+#include "time/Instant.h"
+#include "time/SystemZone.h"
+#include "time/TimeZone.h"
+#include "time/ZoneChanges.h"
+
+namespace noonward {
+
+class ConfigFile;
+class Holidays;
+
+/// The one observable model: the places, the clock, the shown day, the proposed meeting and the
+/// texts made from it. Views read it and call its operations; each change is announced. Main thread
+/// only. Column numbers and day counts from callers are clamped, never rejected.
+class Store {
+ public:
+    struct Services {
+        const Clock& clock;
+        SystemZone& zone;
+        ConfigFile& configFile;
+        Holidays& holidays;
+        RepeatingTimer& timer;
+        ZoneChanges& zoneChanges;
+    };
+
+    static constexpr std::array durations{15, 30, 45, 60};  ///< meeting lengths on offer, minutes
+    static constexpr int maxPlaces = 6;
+
+    /// Loads the configuration and starts the clock; the services must outlive the store.
+    explicit Store(Services services);
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    /// Announces every change of the published values, and those of the holidays. One operation may
+    /// announce several times.
+    Announcer& changes() { return changes_; }
+
+    // Published, changed by operations only.
+    Instant now() const { return now_(); }  ///< read from the clock every 15 seconds
+    int dayOffset() const { return dayOffset_(); }
+    const std::optional<Instant>& proposal() const { return proposal_(); }
+    const Config& config() const { return config_(); }
+
+ private:
+    Announcer changes_;
+
+ public:
+    // Published, written by views and shell as well: `store.hoverCol = 3`.
+    Published<std::optional<int>> hoverCol{changes_};           ///< the column under the pointer
+    Published<std::set<std::string>> hidden{changes_};          ///< lower-cased labels; never saved
+    Published<std::optional<std::string>> timeQuery{changes_};  ///< present while typing a time
+    Published<HourFormat> format{changes_};                     ///< not written back to the file
+    Published<std::optional<std::string>> flash{changes_};      ///< a message that will pass
+
+    // Places and rows.
+    std::vector<Row> places() const;         ///< one per configured place
+    std::vector<Row> planRows() const;       ///< those, as the travel answer has them
+    std::vector<Row> rows() const;           ///< those, and the UTC row in the format `utc`
+    std::vector<Row> visiblePlaces() const;  ///< `planRows` without the hidden: those that count
+    std::vector<Row> notchRows() const;      ///< one or two: home and the favourite, not travelling
+    Row homeRow() const;                     ///< the row everything is lined up on
+    TimeZone homeZone() const;
+    std::string homeName() const;
+    std::string hereName() const;  ///< a name for the zone this computer is in
+    bool macElsewhere() const;     ///< this computer is in a zone that does not count as home
+    bool away() const;             ///< and the clock there differs from home's at this moment
+    bool planningHere() const;     ///< away, and the answer was to plan from here
+    bool travelUndecided() const;  ///< away, and not answered for this zone yet
+    bool isHidden(const Row& row) const;
+    void toggleHidden(const Row& row);
+
+    // The shown day and its columns.
+    Instant dayStart() const { return strip().dayStart; }
+    Instant instant(int col) const { return strip().instant(col); }
+    Instant shownDay() const { return strip().shownDay(); }
+    double scroll() const { return strip().scroll; }
+    Columns columns() const { return strip().columns(); }
+    int col(Instant at) const { return strip().col(at); }
+    int column(double x, double pitch) const { return strip().column(x, pitch); }
+    Instant focus() const;  ///< what the texts describe: the proposal, the hovered hour, or now
+    void changeDay(int by);
+    void show(Instant at);  ///< goes to its day and proposes it
+    void backToNow();       ///< today, nothing proposed, hovered or typed
+
+    Phase phase(const Row& row, Instant at, bool mid) const;
+    std::optional<DayOff> dayOff(const Row& row, Instant at) const;
+
+    // The fairest hour and the proposed meeting.
+    int fairestCol() const;  ///< beyond 23 when the next such hour of the rolling strip is
+    bool proposalIsFairest() const;
+    void jumpToFairest();
+    void propose(int col);
+    void place(Instant at);  ///< snapped to five minutes, fitted into the strip
+    void step(int minutes);  ///< moves the proposal, or the current hour where there is none
+    int duration() const;    ///< minutes, one of `durations`
+    void setDuration(int minutes);
+    void cycleDuration();
+    std::optional<int> selectedCol() const;
+
+    // Texts, each in the zone of its row.
+    std::string time(Instant at, const Row& row) const;     ///< "09:05", "9:05 AM"
+    std::string date(Instant at, const Row& row) const;     ///< "Tue 4 Mar"
+    std::string diff(const Row& row, Instant at) const;     ///< "+5:30", "−3h", "" for home's own
+    std::string hourLabel(int hour) const;                  ///< "9", "9a"
+    std::string range(Instant from, const Row& row) const;  ///< start–end of the meeting
+    std::string summary(Instant at) const;                  ///< one line
+    std::string asText(Instant at) const;                   ///< a line per visible place
+    std::string emailText(Instant from) const;
+
+    /// Applies an edit to a copy of the configuration; it is tidied, saved, then published.
+    void change(const std::function<void(Config&)>& body);
+
+ private:
+    struct RowLists;
+    const RowLists& lists() const;
+    Strip strip() const;
+
+    Services services_;
+    Published<Instant> now_;
+    Published<int> dayOffset_{changes_, 0};
+    Published<std::optional<Instant>> proposal_{changes_};
+    Published<Config> config_;
+    mutable std::unique_ptr<RowLists> lists_;
+    Subscription holidayWatch_;
+    Subscription ticks_;
+};
+
+}  // namespace noonward
