@@ -26,7 +26,10 @@ struct LocalTime {
 ///
 /// Where a clock change leaves a local time with no instant, the first instant after the gap
 /// stands for it (02:30 becomes 03:00); where it gives two, the first does. A day whose midnight
-/// does not exist starts at its first existing instant.
+/// does not exist starts at its first existing instant; a day that a zone left out altogether
+/// when it crossed the date line counts in day arithmetic, and starts when the next one does.
+///
+/// Instants before `TimeZone::earliest` or after `TimeZone::latest` are taken as those.
 class Calendar {
  public:
     explicit Calendar(TimeZone zone) : zone_(zone) {}
@@ -51,8 +54,8 @@ class Calendar {
     /// hour outside 0–23, a minute outside 0–59, or beyond the years 1 to 9999.
     std::optional<Instant> timeOfDay(Instant at, int days, int hour, int minute) const;
 
-    /// The start of the clock hour that contains an instant: the latest instant at or before it
-    /// at which the wall clock began to show this hour.
+    /// The start of the clock hour that contains an instant, less than an hour before it: when
+    /// the wall clock showed its full hour, or was last changed if that was later.
     Instant startOfHour(Instant at) const;
 
     /// Calendar days from the local day of `from` to that of `to`; negative when `to` is earlier.

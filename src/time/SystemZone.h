@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 
 #include "time/TimeZone.h"
@@ -16,8 +17,11 @@ class SystemZone {
     virtual void resetSystemTimeZone() = 0;
 };
 
-/// Reads the setting: `TZ` where it is set and names a known zone (a leading ":" dropped), else
-/// where /etc/localtime points, else /etc/timezone, else "UTC".
+/// Reads the setting: `variable` (null when unset) where it names a known zone, a leading ":"
+/// dropped; else where etc/localtime below `root` points; else etc/timezone; else "UTC".
+TimeZone systemZone(const std::filesystem::path& root, const char* variable);
+
+/// The setting of this computer and of the environment variable `TZ`.
 class ComputerZone final : public SystemZone {
  public:
     TimeZone current() const override;

@@ -5,15 +5,22 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "time/Instant.h"
 
 namespace noonward {
 
 /// A zone of the IANA time-zone database: a cheap handle, freely copied. Always valid; zones come
-/// from `find` or `utc`.
+/// from `find` or `utc`. Main thread only: handles of one zone share what was last looked up.
+///
+/// Instants before `earliest` or after `latest` are taken as those.
 class TimeZone {
  public:
+    /// Between these every local date lies in the years 1 to 9999.
+    static constexpr Instant earliest = std::chrono::sys_days(std::chrono::year(1) / 1 / 3);
+    static constexpr Instant latest = std::chrono::sys_days(std::chrono::year(9999) / 12 / 30);
+
     /// The zone with that identifier, or nothing when the identifier is not known (see `isKnown`).
     static std::optional<TimeZone> find(std::string_view identifier);
 
@@ -22,7 +29,12 @@ class TimeZone {
 
     /// Whether an identifier may name a zone here: zone.tab or a `Z` or `L` line of tzdata.zi
     /// lists it, and its file loads. Empty text, "Factory", paths and POSIX strings are unknown.
+    /// Costs a look at the file, not a load: a file that is damaged inside is still known, and
+    /// not found.
     static bool isKnown(std::string_view identifier);
+
+    /// The identifiers of zone.tab, sorted by code point: the zones that people live in.
+    static const std::vector<std::string>& listed();
 
     /// The identifier as it was asked for: "Asia/Calcutta" stays "Asia/Calcutta".
     const std::string& identifier() const;
@@ -38,7 +50,8 @@ class TimeZone {
         return a.identifier() == b.identifier();
     }
 
-    /// A stretch of time during which the offset does not change: [from, until).
+    /// A stretch of time during which the offset does not change: [from, until). It is as long as
+    /// can be up to the year 2400; later ones are cut to a day on either side of the instant.
     struct Span {
         Instant from;
         Instant until;

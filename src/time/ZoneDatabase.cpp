@@ -1,0 +1,104 @@
+#include "time/ZoneDatabase.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+
+namespace noonward::zonedatabase {
+namespace {
+
+constexpr std::string_view folder = "/usr/share/zoneinfo/";
+constexpr std::string_view magic = "TZif";  // RFC 8536 §3.1
+constexpr std::size_t largestZoneFile = 1 << 20;
+
+std::ifstream open(std::string_view name) {
+    return std::ifstream(std::string(folder).append(name), std::ios::binary);
+}
+
+std::string readText(std::string_view name) {
+    std::ifstream file = open(name);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// Calls `use` with each piece between separators that is not empty.
+template <typename Use>
+void forEachPiece(std::string_view text, char separator, Use use) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(separator), text.size());
+        if (end > 0) use(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::vector<std::string_view> pieces(std::string_view text, char separator) {
+    std::vector<std::string_view> result;
+    forEachPiece(text, separator, [&](std::string_view piece) { result.push_back(piece); });
+    return result;
+}
+
+const std::vector<std::string>& zonesAndLinks() {
+    static const std::vector<std::string> names = parseZonesAndLinks(readText("tzdata.zi"));
+    return names;
+}
+
+}  // namespace
+
+std::vector<TableRow> parseTable(std::string_view text) {
+    std::vector<TableRow> rows;
+    forEachPiece(text, '\n', [&](std::string_view line) {
+        if (line.front() == '#') return;
+        const auto fields = pieces(line, '\t');
+        if (fields.size() < 3) return;
+        rows.push_back({std::string(fields[0]), std::string(fields[2])});
+    });
+    return rows;
+}
+
+const std::vector<TableRow>& table() {
+    static const std::vector<TableRow> rows = parseTable(readText("zone.tab"));
+    return rows;
+}
+
+std::vector<std::string> parseZonesAndLinks(std::string_view text) {
+    std::vector<std::string> names;
+    forEachPiece(text, '\n', [&](std::string_view line) {
+        const bool zone = line.rfind("Z ", 0) == 0;
+        const bool link = line.rfind("L ", 0) == 0;
+        if (!zone && !link) return;
+        const auto fields = pieces(line, ' ');
+        const std::size_t name = zone ? 1 : 2;  // L TARGET LINK-NAME
+        if (fields.size() > name) names.emplace_back(fields[name]);
+    });
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+bool lists(std::string_view identifier) {
+    if (identifier == "Factory") return false;
+    const auto& rows = table();
+    if (std::any_of(rows.begin(), rows.end(),
+                    [&](const TableRow& row) { return row.zone == identifier; })) {
+        return true;
+    }
+    const auto& names = zonesAndLinks();
+    return std::binary_search(names.begin(), names.end(), identifier);
+}
+
+bool hasFile(const std::string& identifier) {
+    std::array<char, magic.size()> head{};
+    std::ifstream file = open(identifier);
+    return file.read(head.data(), head.size()) &&
+           std::string_view(head.data(), head.size()) == magic;
+}
+
+std::optional<std::string> readFile(const std::string& identifier) {
+    std::ifstream file = open(identifier);
+    std::string bytes(largestZoneFile, '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    if (bytes.rfind(magic, 0) != 0) return std::nullopt;
+    return bytes;
+}
+
+}  // namespace noonward::zonedatabase
