@@ -50,12 +50,6 @@ std::string mapped(std::string_view text, Map map) {
     return result;
 }
 
-std::string caseFolded(std::string_view text) {
-    return mapped(text, [](icu::StringPiece in, icu::ByteSink& out, UErrorCode& status) {
-        icu::CaseMap::utf8Fold(0, in, out, nullptr, status);
-    });
-}
-
 // Canonically decomposed, and without the marks that this sets free.
 icu::UnicodeString withoutMarks(const icu::UnicodeString& text) {
     UErrorCode status = U_ZERO_ERROR;
@@ -156,6 +150,13 @@ std::string folded(std::string_view text) {
     wide.foldCase();
     std::string result;
     return withoutMarks(wide).toUTF8String(result);
+}
+
+std::string caseFolded(std::string_view text) {
+    if (isAscii(text)) return lowercased(text);
+    return mapped(text, [](icu::StringPiece in, icu::ByteSink& out, UErrorCode& status) {
+        icu::CaseMap::utf8Fold(0, in, out, nullptr, status);
+    });
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

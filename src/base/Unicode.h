@@ -18,6 +18,10 @@ std::string uppercased(std::string_view text);
 /// "sao paulo", "Türkiye" gives "turkiye".
 std::string folded(std::string_view text);
 
+/// The text without case, diacritics kept (default case folding): equal for texts that
+/// `equalIgnoringCase`.
+std::string caseFolded(std::string_view text);
+
 /// Whether two labels are the same for a reader who ignores case (default case folding).
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
