@@ -43,7 +43,7 @@ class Announcer {
 
     [[nodiscard]] Subscription subscribe(std::function<void()> listener) {
         const std::uint64_t key = listeners_->next++;
-        listeners_->byKey.emplace(key, std::move(listener));
+        listeners_->byKey.emplace(key, std::make_shared<Listener>(std::move(listener)));
         return Subscription([weak = std::weak_ptr<Listeners>(listeners_), key] {
             if (auto listeners = weak.lock()) listeners->byKey.erase(key);
         });
@@ -55,15 +55,16 @@ class Announcer {
             const auto found = listeners->byKey.lower_bound(key);
             if (found == listeners->byKey.end()) return;
             key = found->first + 1;
-            const auto listener = found->second;  // a copy: it may unsubscribe itself
-            listener();
+            const auto listener = found->second;  // held: it may unsubscribe itself
+            (*listener)();
         }
     }
 
  private:
+    using Listener = std::function<void()>;
     struct Listeners {
         std::uint64_t next = 0;
-        std::map<std::uint64_t, std::function<void()>> byKey;
+        std::map<std::uint64_t, std::shared_ptr<Listener>> byKey;
     };
     std::shared_ptr<Listeners> listeners_;
 };

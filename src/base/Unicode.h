@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-/// Text helpers by the Unicode standard, independent of the machine's locale. All texts are UTF-8;
-/// ill-formed bytes are treated as U+FFFD and never read past.
+/// Text helpers by the Unicode standard, independent of the machine's locale. All texts are UTF-8.
+/// Ill-formed bytes count as U+FFFD, which has no case and is neither space nor punctuation.
 namespace noonward::unicode {
 
 bool isValidUtf8(std::string_view text);
 
-/// Full case mappings of the root locale.
+/// Full case mappings of the root locale. Ill-formed bytes stay as they are.
 std::string lowercased(std::string_view text);
 std::string uppercased(std::string_view text);
 

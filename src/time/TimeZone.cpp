@@ -60,10 +60,11 @@ Instant spanStart(const cctz::time_zone& zone, Instant at, seconds offset) {
     CctzInstant before = cctzInstant(at) + cctz::seconds(1);
     while (zone.prev_transition(before, &change)) {
         const Instant start = instantOf(change.to, offset);
-        if (change.from != change.to || start == TimeZone::earliest) return start;
+        if (start == TimeZone::earliest) break;
+        if (change.from != change.to) return start;
         before = cctzInstant(start);
     }
-    return TimeZone::earliest;
+    return Instant::min();
 }
 
 Instant spanEnd(const cctz::time_zone& zone, Instant at, seconds offset) {

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::string_view folder = "/usr/share/zoneinfo/";
 constexpr std::string_view magic = "TZif";  // RFC 8536 §3.1
-constexpr std::size_t largestZoneFile = 1 << 20;
 
 std::ifstream open(std::string_view name) {
     return std::ifstream(std::string(folder).append(name), std::ios::binary);
@@ -93,10 +92,7 @@ bool hasFile(const std::string& identifier) {
 }
 
 std::optional<std::string> readFile(const std::string& identifier) {
-    std::ifstream file = open(identifier);
-    std::string bytes(largestZoneFile, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    std::string bytes = readText(identifier);
     if (bytes.rfind(magic, 0) != 0) return std::nullopt;
     return bytes;
 }

@@ -1,0 +1,95 @@
+#include "time/SystemZone.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace noonward {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder that stands for the root of a computer's files, gone after the test.
+class SystemZoneTest : public testing::Test {
+ protected:
+    SystemZoneTest() {
+        std::string name = (fs::temp_directory_path() / "noonward-root-XXXXXX").string();
+        root_ = mkdtemp(name.data());
+        fs::create_directories(root_ / "etc");
+    }
+    ~SystemZoneTest() override { fs::remove_all(root_); }
+
+    void link(const fs::path& from, const fs::path& to) {
+        fs::create_directories((root_ / from).parent_path());
+        fs::remove(root_ / from);
+        fs::create_symlink(to, root_ / from);
+    }
+    void write(const fs::path& name, const std::string& text) {
+        fs::remove(root_ / name);
+        std::ofstream(root_ / name) << text;
+    }
+    std::string zone(const char* variable = nullptr) const {
+        return systemZone(root_, variable).identifier();
+    }
+
+    fs::path root_;
+};
+
+TEST_F(SystemZoneTest, FollowsTheVariableThenTheLinkThenTheFile) {
+    EXPECT_EQ(zone(), "UTC");
+    write("etc/timezone", "  Asia/Tokyo \nEurope/Rome\n");
+    EXPECT_EQ(zone(), "Asia/Tokyo");
+    link("etc/localtime", "/usr/share/zoneinfo/Europe/Paris");
+    EXPECT_EQ(zone(), "Europe/Paris");
+    EXPECT_EQ(zone("America/Lima"), "America/Lima");
+    EXPECT_EQ(zone(":America/Lima"), "America/Lima");
+    for (const char* unknown : {"", ":", "::America/Lima", "Factory", "EST5", "/etc/localtime"}) {
+        EXPECT_EQ(zone(unknown), "Europe/Paris") << unknown;
+    }
+}
+
+TEST_F(SystemZoneTest, ReadsEveryKindOfLink) {
+    write("etc/timezone", "Asia/Tokyo");
+    link("usr/share/zoneinfo/America/Montreal", "Toronto");
+    link("etc/current", "../usr/share/zoneinfo/US/Central");
+    const std::pair<const char*, const char*> rows[] = {
+        {"/usr/share/zoneinfo/America/Argentina/Ushuaia", "America/Argentina/Ushuaia"},
+        {"../usr/share/zoneinfo/Asia/Calcutta", "Asia/Calcutta"},
+        {"/usr/share/zoneinfo/posix/Europe/Oslo", "Europe/Oslo"},
+        {"/usr/share/zoneinfo/right/Europe/Oslo", "Europe/Oslo"},
+        {"/snap/base/zoneinfo/Etc/UTC", "Etc/UTC"},
+        {"/usr/share/zoneinfo/America/Montreal", "America/Montreal"},  // not where that points
+        {"current", "US/Central"},
+        {"/etc/current", "US/Central"},
+        {"localtime", "Asia/Tokyo"},  // a circle
+        {"/usr/share/zoneinfo/Factory", "Asia/Tokyo"},
+        {"/usr/share/zoneinfo/", "Asia/Tokyo"},
+        {"/nowhere", "Asia/Tokyo"},
+    };
+    for (const auto& [target, identifier] : rows) {
+        link("etc/localtime", target);
+        EXPECT_EQ(zone(), identifier) << target;
+    }
+    write("etc/localtime", "TZif2");
+    EXPECT_EQ(zone(), "Asia/Tokyo") << "a copy of a zone's file does not tell its name";
+}
+
+TEST(ComputerZone, HoldsTheZoneUntilReset) {
+    const char* old = std::getenv("TZ");
+    const std::string kept = old != nullptr ? old : "";
+    ComputerZone computer;
+    setenv("TZ", "Asia/Tokyo", 1);
+    EXPECT_EQ(computer.current().identifier(), "Asia/Tokyo");
+    setenv("TZ", "Europe/Paris", 1);
+    EXPECT_EQ(computer.current().identifier(), "Asia/Tokyo");
+    computer.resetSystemTimeZone();
+    EXPECT_EQ(computer.current().identifier(), "Europe/Paris");
+    old != nullptr ? setenv("TZ", kept.c_str(), 1) : unsetenv("TZ");
+}
+
+}  // namespace
+}  // namespace noonward
