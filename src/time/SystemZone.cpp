@@ -1,10 +1,10 @@
 #include "time/SystemZone.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <string>
 #include <system_error>
 
+#include "base/ReadFile.h"
 #include "base/Unicode.h"
 
 namespace noonward {
@@ -46,10 +46,8 @@ std::optional<TimeZone> fromLink(const fs::path& root) {
 }
 
 std::optional<TimeZone> fromFile(const fs::path& root) {
-    std::ifstream file(root / "etc/timezone");
-    std::string line;
-    std::getline(file, line);
-    return TimeZone::find(unicode::trimmed(line));
+    const std::string text = readRegularFile(root / "etc/timezone", 4096).bytes;
+    return TimeZone::find(unicode::trimmed(std::string_view(text).substr(0, text.find('\n'))));
 }
 
 }  // namespace

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <iterator>
+
+#include "base/ReadFile.h"
 
 namespace noonward::zonedatabase {
 namespace {
@@ -11,13 +12,10 @@ namespace {
 constexpr std::string_view folder = "/usr/share/zoneinfo/";
 constexpr std::string_view magic = "TZif";  // RFC 8536 §3.1
 
-std::ifstream open(std::string_view name) {
-    return std::ifstream(std::string(folder).append(name), std::ios::binary);
-}
-
-std::string readText(std::string_view name) {
-    std::ifstream file = open(name);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+// A file of the database, empty when it cannot be read. The largest has 110 KB.
+std::string contents(std::string_view name) {
+    constexpr std::size_t limit = 4 << 20;
+    return readRegularFile(std::string(folder).append(name), limit).bytes;
 }
 
 // Calls `use` with each piece between separators that is not empty.
@@ -37,7 +35,7 @@ std::vector<std::string_view> pieces(std::string_view text, char separator) {
 }
 
 const std::vector<std::string>& zonesAndLinks() {
-    static const std::vector<std::string> names = parseZonesAndLinks(readText("tzdata.zi"));
+    static const std::vector<std::string> names = parseZonesAndLinks(contents("tzdata.zi"));
     return names;
 }
 
@@ -55,7 +53,7 @@ std::vector<TableRow> parseTable(std::string_view text) {
 }
 
 const std::vector<TableRow>& table() {
-    static const std::vector<TableRow> rows = parseTable(readText("zone.tab"));
+    static const std::vector<TableRow> rows = parseTable(contents("zone.tab"));
     return rows;
 }
 
@@ -86,13 +84,13 @@ bool lists(std::string_view identifier) {
 
 bool hasFile(const std::string& identifier) {
     std::array<char, magic.size()> head{};
-    std::ifstream file = open(identifier);
+    std::ifstream file(std::string(folder).append(identifier), std::ios::binary);
     return file.read(head.data(), head.size()) &&
            std::string_view(head.data(), head.size()) == magic;
 }
 
 std::optional<std::string> readFile(const std::string& identifier) {
-    std::string bytes = readText(identifier);
+    std::string bytes = contents(identifier);
     if (bytes.rfind(magic, 0) != 0) return std::nullopt;
     return bytes;
 }

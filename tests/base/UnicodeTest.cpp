@@ -95,6 +95,7 @@ TEST(Unicode, ComparesIgnoringCaseOnly) {
     for (const auto& row : rows) {
         EXPECT_EQ(equalIgnoringCase(row.a, row.b), row.equal) << row.a << ' ' << row.b;
         EXPECT_EQ(equalIgnoringCase(row.b, row.a), row.equal) << row.b << ' ' << row.a;
+        EXPECT_EQ(caseFolded(row.a) == caseFolded(row.b), row.equal) << row.a << ' ' << row.b;
     }
 }
 
