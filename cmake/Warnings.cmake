@@ -3,7 +3,7 @@ add_library(noonward_warnings INTERFACE)
 target_compile_options(noonward_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror
   -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-  -Wold-style-cast -Wcast-align -Wimplicit-fallthrough -Wnull-dereference -Wundef
+  -Wold-style-cast -Wcast-align -Wimplicit-fallthrough -Wundef
   # An initialiser that names some members leaves the others at their declared defaults: meant.
   -Wno-missing-field-initializers
 )

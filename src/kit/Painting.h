@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <functional>
+
+#include "kit/Placed.h"
+#include "kit/Tiles.h"
+
+namespace kit {
+
+/// One pass of painting a placed tree onto a painter, in points from the root's corner.
+class Painting {
+ public:
+    Painting(QPainter& painter, Tiles& tiles, const QRectF& clip)
+        : painter_(painter), tiles_(tiles), clip_(clip) {}
+
+    QPainter& painter() { return painter_; }
+    Tiles& tiles() { return tiles_; }
+
+    /// Device pixels per point, horizontally.
+    double scale() const;
+
+    /// The rectangle with its edges moved to the nearest device pixels, so that they stay sharp.
+    QRectF aligned(const QRectF& rect) const;
+
+    /// Paints a placed node unless nothing of it lies inside the clip.
+    void paint(const Placed& placed);
+    void paintChildren(const Placed& placed);
+
+    /// Runs `draw` with the clip narrowed to a rectangle.
+    void clipped(const QRectF& rect, const std::function<void(Painting&)>& draw);
+
+    /// Draws into a picture of its own, lets `finish` work on it, and lays it over what is there.
+    void layer(const QRectF& bounds, const std::function<void(Painting&)>& draw,
+               const std::function<void(QPainter&, QImage&)>& finish);
+
+ private:
+    QPainter& painter_;
+    Tiles& tiles_;
+    QRectF clip_;
+};
+
+}  // namespace kit

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "kit/View.h"
+
+namespace kit {
+
+struct RowSpec {
+    Vertical align = Vertical::centre;
+    double spacing = 0;
+};
+
+struct ColumnSpec {
+    Horizontal align = Horizontal::centre;
+    double spacing = 0;
+};
+
+/// Children side by side. Where room is short the higher priority is served first, and among
+/// equals the least flexible; spacers share what is left.
+View hstack(RowSpec spec, Views children);
+
+/// Children one below the other, served as in `hstack`.
+View vstack(ColumnSpec spec, Views children);
+
+/// Children over each other, the last in front.
+View zstack(Alignment alignment, Views children);
+
+/// Flexible space along the stack it stands in.
+View spacer(double minimum = 0);
+
+}  // namespace kit

@@ -1,0 +1,130 @@
+#include "kit/Text.h"
+
+#include <QString>
+#include <algorithm>
+
+#include "kit/Painting.h"
+
+namespace kit {
+namespace {
+
+// No place in any layout shows more; what lies beyond must not cost anything.
+constexpr qsizetype mostUnits = 2000;
+// Rounding on the way down the tree must not turn a text that fits into one that is cut.
+constexpr double tolerance = 0.01;
+
+const QString& ellipsis() {
+    static const QString text(QChar(0x2026));
+    return text;
+}
+
+QString singleLine(std::string_view utf8) {
+    const auto bytes = std::min<std::size_t>(utf8.size(), 4 * static_cast<std::size_t>(mostUnits));
+    QString line = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(bytes));
+    if (line.size() > mostUnits) line.truncate(mostUnits);
+    for (QChar& character : line) {
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph) {
+            character = QChar(u' ');
+        }
+    }
+    return line;
+}
+
+class TextNode final : public Node {
+ public:
+    explicit TextNode(const std::vector<TextRun>& runs) {
+        for (const TextRun& run : runs) {
+            runs_.push_back({singleLine(run.text), run.font, run.colour});
+        }
+    }
+
+    QSizeF measure(const Proposal& proposal, const Environment& env) const override {
+        double width = 0;
+        double height = 0;
+        for (const Run& run : runs_) {
+            width += advance(fontOf(run, env), run.text);
+            height = std::max(height, metrics(fontOf(run, env)).lineHeight);
+        }
+        if (proposal.width && *proposal.width < width) {
+            const double least =
+                runs_.empty() ? 0 : advance(fontOf(runs_.front(), env), ellipsis());
+            width = std::min(width, std::max(*proposal.width, least));
+        }
+        return {width, height};
+    }
+
+    double firstBaseline(const QSizeF& size, const Environment& env) const override {
+        double ascent = 0;
+        double descent = 0;
+        for (const Run& run : runs_) {
+            ascent = std::max(ascent, metrics(fontOf(run, env)).ascent);
+            descent = std::max(descent, metrics(fontOf(run, env)).descent);
+        }
+        return (size.height() - ascent - descent) / 2 + ascent;
+    }
+
+    void paint(const Placed& self, Painting& painting) const override {
+        const Environment& env = self.environment;
+        QPointF at(self.rect.left(), self.rect.top() + firstBaseline(self.rect.size(), env));
+        at.setY(painting.aligned(QRectF(at, QSizeF(0, 0))).top());
+        QPainter& painter = painting.painter();
+        for (const Run& run : fitted(self.rect.width() + tolerance, env)) {
+            const Font& font = fontOf(run, env);
+            painter.setFont(metrics(font).font);
+            painter.setPen(run.colour.value_or(env.colour).qcolor());
+            painter.drawText(at, run.text);
+            at.rx() += advance(font, run.text);
+        }
+    }
+
+    std::string description() const override {
+        std::string line;
+        for (const Run& run : runs_) line += run.text.toStdString();
+        return "text \"" + line + "\"";
+    }
+
+ private:
+    struct Run {
+        QString text;
+        std::optional<Font> font;
+        std::optional<Colour> colour;
+    };
+
+    static const Font& fontOf(const Run& run, const Environment& env) {
+        return run.font ? *run.font : env.font;
+    }
+
+    // The runs as they fit into `room`: whole, or up to the one that ends with the ellipsis.
+    std::vector<Run> fitted(double room, const Environment& env) const {
+        double left = 0;
+        for (const Run& run : runs_) left += advance(fontOf(run, env), run.text);
+        if (left <= room) return runs_;
+        std::vector<Run> shown;
+        for (const Run& run : runs_) {
+            const Font& font = fontOf(run, env);
+            const double width = advance(font, run.text);
+            if (width + advance(font, ellipsis()) <= room) {
+                shown.push_back(run);
+                room -= width;
+                continue;
+            }
+            // The ellipsis must come even where this run alone would fit and a later one not.
+            const QString tooLong = run.text + ellipsis() + ellipsis();
+            shown.push_back({elided(font, tooLong, room), run.font, run.colour});
+            break;
+        }
+        return shown;
+    }
+
+    std::vector<Run> runs_;
+};
+
+}  // namespace
+
+View text(std::string_view line) { return text({TextRun{std::string(line)}}); }
+View text(const char* line) { return text(std::string_view(line)); }
+View text(std::vector<TextRun> runs) { return View(std::make_shared<TextNode>(runs)); }
+
+}  // namespace kit
