@@ -41,11 +41,11 @@ struct Row {
     std::set<DayKey> daysOff;            ///< the place's own
 
     /// The row of a configured place. Days off that are not day keys match no day and are left out.
-    Row(int id, const Place& place, TimeZone tz, bool isHome);
+    Row(int rowID, const Place& place, TimeZone zone, bool home);
 
     /// A row that no place stands behind: default hours, the country's week and holidays.
-    Row(int id, std::string label, std::string shortName, TimeZone tz,
-        std::optional<std::string> abbr, bool isHome);
+    Row(int rowID, std::string name, std::string shortText, TimeZone zone,
+        std::optional<std::string> abbr, bool home);
 
     /// Whether a local time of day in hours lies inside the working hours.
     bool inHours(double hour) const { return inHours(work, hour); }

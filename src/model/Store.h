@@ -91,7 +91,7 @@ class Store {
     Instant dayStart() const { return strip().dayStart; }
     Instant instant(int col) const { return strip().instant(col); }
     Instant shownDay() const { return strip().shownDay(); }
-    double scroll() const { return strip().scroll; }
+    double scroll() const { return strip().scroll(); }
     Columns columns() const { return strip().columns(); }
     int col(Instant at) const { return strip().col(at); }
     int column(double x, double pitch) const { return strip().column(x, pitch); }
@@ -108,10 +108,10 @@ class Store {
     bool proposalIsFairest() const;
     void jumpToFairest();
     void propose(int col);
-    void place(Instant at);  ///< snapped to five minutes, fitted into the strip
-    void step(int minutes);  ///< moves the proposal, or the current hour where there is none
-    int duration() const;    ///< minutes, one of `durations`
-    void setDuration(int minutes);
+    void place(Instant at);        ///< snapped to five minutes, fitted into the strip
+    void step(int byMinutes);      ///< moves the proposal, or the current hour where there is none
+    int duration() const;          ///< minutes, one of `durations`
+    void setDuration(int length);  ///< in minutes; others than `durations` count as 60
     void cycleDuration();
     std::optional<int> selectedCol() const;
 
@@ -129,16 +129,19 @@ class Store {
     void change(const std::function<void(Config&)>& body);
 
  private:
-    struct RowLists;
-    const RowLists& lists() const;
+    struct Derived;
+    const Derived& derived() const;
+    const Row& home() const;
+    StripPlace stripPlace() const;
     Strip strip() const;
+    void publish(Config config);
 
     Services services_;
     Published<Instant> now_;
     Published<int> dayOffset_{changes_, 0};
     Published<std::optional<Instant>> proposal_{changes_};
     Published<Config> config_;
-    mutable std::unique_ptr<RowLists> lists_;
+    mutable std::unique_ptr<Derived> derived_;
     Subscription holidayWatch_;
     Subscription ticks_;
 };

@@ -15,15 +15,18 @@ struct Columns {
 };
 
 /// Which 24 hours the ribbon shows, and what part of the hour they are shifted by. Column c is the
-/// hour from `dayStart` + c × 3600 s. Instants are kept within the years 1 to 9999, far columns
-/// too.
+/// hour from `dayStart` + c × 3600 s. Instants stay within the years 1 to 9999, whatever the
+/// column.
 struct Strip {
     Instant dayStart;
-    double scroll = 0;  ///< 0 ≤ scroll < 1: the columns that have left on the left side
     bool rolling = false;
+    microseconds elapsed{};  ///< of the current hour, less than an hour; 0 unless rolling
+
+    /// The columns that have left on the left side, 0 ≤ scroll < 1.
+    double scroll() const { return HoursFraction(elapsed).count(); }
 
     /// The columns that can be selected.
-    Columns columns() const { return {scroll > 0 ? 1 : 0, 23}; }
+    Columns columns() const { return {elapsed > microseconds::zero() ? 1 : 0, 23}; }
 
     /// The start of a column; also of columns outside the strip.
     Instant instant(int column) const;
