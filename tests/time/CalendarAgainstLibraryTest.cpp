@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <ctime>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "support/Instants.h"
+#include "support/LibraryZone.h"
 #include "time/Calendar.h"
 
 // Proof of the calendar against another reader of the same zone data: the C library's localtime_r,
@@ -20,25 +19,6 @@ namespace {
 
 using Seconds = std::int64_t;
 constexpr Seconds day = 86400;
-
-/// Puts the C library into a zone, and back when it goes.
-class LibraryZone {
- public:
-    explicit LibraryZone(const std::string& identifier) {
-        if (const char* old = std::getenv("TZ")) old_ = old;
-        setenv("TZ", identifier.c_str(), 1);
-        tzset();
-    }
-    ~LibraryZone() {
-        old_ ? setenv("TZ", old_->c_str(), 1) : unsetenv("TZ");
-        tzset();
-    }
-    LibraryZone(const LibraryZone&) = delete;
-    LibraryZone& operator=(const LibraryZone&) = delete;
-
- private:
-    std::optional<std::string> old_;
-};
 
 std::tm libraryTime(Seconds at) {
     const std::time_t when = at;
@@ -145,7 +125,7 @@ TEST(CalendarAgainstLibrary, AgreesAroundEveryClockChange) {
     const Seconds until = secondsOf("2036-08-01 00:00");
     std::size_t changesSeen = 0;
     for (const std::string& identifier : TimeZone::listed()) {
-        const LibraryZone library(identifier);
+        const test::LibraryZone library(identifier);
         const Calendar calendar(test::zoneNamed(identifier.c_str()));
         const Changes around = changes(from - 30 * day, until + 30 * day);
         for (const Change& change : around) {

@@ -7,6 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
+
+#include "support/LibraryZone.h"
 
 namespace noonward {
 namespace {
@@ -79,16 +82,13 @@ TEST_F(SystemZoneTest, ReadsEveryKindOfLink) {
 }
 
 TEST(ComputerZone, HoldsTheZoneUntilReset) {
-    const char* old = std::getenv("TZ");
-    const std::string kept = old != nullptr ? old : "";
+    test::LibraryZone library("Asia/Tokyo");
     ComputerZone computer;
-    setenv("TZ", "Asia/Tokyo", 1);
     EXPECT_EQ(computer.current().identifier(), "Asia/Tokyo");
-    setenv("TZ", "Europe/Paris", 1);
+    library.set("Europe/Paris");
     EXPECT_EQ(computer.current().identifier(), "Asia/Tokyo");
     computer.resetSystemTimeZone();
     EXPECT_EQ(computer.current().identifier(), "Europe/Paris");
-    old != nullptr ? setenv("TZ", kept.c_str(), 1) : unsetenv("TZ");
 }
 
 }  // namespace

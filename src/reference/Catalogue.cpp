@@ -1,0 +1,82 @@
+#include "reference/Catalogue.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "base/Unicode.h"
+#include "reference/ZoneLabels.h"
+#include "time/TimeZone.h"
+
+namespace noonward::Cities {
+namespace {
+
+constexpr std::string_view text =
+#include "reference/Catalogue.inc"
+    ;
+
+constexpr std::array<std::string_view, 7> groupsOfOlderNames = {
+    "Etc", "SystemV", "US", "Canada", "Brazil", "Chile", "Mexico",
+};
+
+enum class Empty { keep, drop };
+
+std::vector<std::string_view> split(std::string_view whole, char separator, Empty empty) {
+    std::vector<std::string_view> pieces;
+    for (std::size_t begin = 0; begin <= whole.size();) {
+        const std::size_t end = std::min(whole.find(separator, begin), whole.size());
+        if (end > begin || empty == Empty::keep) pieces.push_back(whole.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return pieces;
+}
+
+}  // namespace
+
+const std::vector<City>& curated() {
+    static const std::vector<City> cities = parseCatalogue(text);
+    return cities;
+}
+
+const std::vector<City>& zones() {
+    static const std::vector<City> cities = citiesOfZones(TimeZone::listed());
+    return cities;
+}
+
+std::string_view catalogueText() {
+    return text;
+}
+
+std::vector<City> parseCatalogue(std::string_view catalogue) {
+    std::vector<City> cities;
+    for (const std::string_view line : split(catalogue, '\n', Empty::drop)) {
+        const auto fields = split(unicode::trimmed(line), '|', Empty::keep);
+        if (fields.size() < 4 || !TimeZone::isKnown(fields[2])) continue;
+        cities.push_back({.name = std::string(fields[0]),
+                          .country = std::string(fields[1]),
+                          .zone = std::string(fields[2]),
+                          .shortName = std::string(fields[3]),
+                          .aliases = {fields.begin() + 4, fields.end()}});
+    }
+    return cities;
+}
+
+std::vector<City> citiesOfZones(const std::vector<std::string>& identifiers) {
+    std::vector<City> cities;
+    for (const std::string& identifier : identifiers) {
+        const auto pieces = split(identifier, '/', Empty::drop);
+        if (pieces.size() < 2) continue;
+        const auto& groups = groupsOfOlderNames;
+        if (std::find(groups.begin(), groups.end(), pieces.front()) != groups.end()) continue;
+        std::string name(pieces.back());
+        std::replace(name.begin(), name.end(), '_', ' ');
+        cities.push_back({.name = name,
+                          .country = std::string(pieces.front()),
+                          .zone = identifier,
+                          .shortName = shortLabel(name),
+                          .aliases = {}});
+    }
+    return cities;
+}
+
+}  // namespace noonward::Cities
