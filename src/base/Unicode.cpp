@@ -102,12 +102,12 @@ struct CloseText {
     void operator()(UText* text) const { utext_close(text); }
 };
 
-icu::BreakIterator* characterBreaks() {
+// Made once a thread: it loads its rules, which costs more than any text of ours.
+struct CharacterBreaks {
     UErrorCode status = U_ZERO_ERROR;
-    thread_local const std::unique_ptr<icu::BreakIterator> breaks(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    return breaks.get();
-}
+    const std::unique_ptr<icu::BreakIterator> iterator{
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status)};
+};
 
 }  // namespace
 
@@ -186,11 +186,12 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
         if (isAscii(head) && head.find('\r') == std::string_view::npos)
             return text.substr(0, count);
     }
-    UErrorCode status = U_ZERO_ERROR;
-    icu::BreakIterator* breaks = characterBreaks();
+    thread_local const CharacterBreaks characters;
+    UErrorCode status = characters.status;
+    icu::BreakIterator* breaks = characters.iterator.get();
     const std::unique_ptr<UText, CloseText> source(
         utext_openUTF8(nullptr, text.data(), length(text), &status));
-    if (breaks == nullptr || U_FAILURE(status)) return text.substr(0, 0);
+    if (U_FAILURE(status)) return text.substr(0, 0);
     breaks->setText(source.get(), status);
     std::int32_t end = 0;
     for (std::size_t i = 0; i < count; ++i) {

@@ -11,7 +11,7 @@
 namespace noonward::Cities {
 namespace {
 
-constexpr std::string_view text =
+constexpr std::string_view rows =
 #include "reference/Catalogue.inc"
     ;
 
@@ -34,7 +34,7 @@ std::vector<std::string_view> split(std::string_view whole, char separator, Empt
 }  // namespace
 
 const std::vector<City>& curated() {
-    static const std::vector<City> cities = parseCatalogue(text);
+    static const std::vector<City> cities = parseCatalogue(rows);
     return cities;
 }
 
@@ -44,12 +44,12 @@ const std::vector<City>& zones() {
 }
 
 std::string_view catalogueText() {
-    return text;
+    return rows;
 }
 
-std::vector<City> parseCatalogue(std::string_view catalogue) {
+std::vector<City> parseCatalogue(std::string_view text) {
     std::vector<City> cities;
-    for (const std::string_view line : split(catalogue, '\n', Empty::drop)) {
+    for (const std::string_view line : split(text, '\n', Empty::drop)) {
         const auto fields = split(unicode::trimmed(line), '|', Empty::keep);
         if (fields.size() < 4 || !TimeZone::isKnown(fields[2])) continue;
         cities.push_back({.name = std::string(fields[0]),

@@ -73,8 +73,9 @@ LocalTime Calendar::local(Instant at) const {
 
 double Calendar::hours(Instant at) const {
     const LocalSeconds shown = reading(zone_, at);
-    const auto minute = (shown - floor<days>(shown)).count() / 60;
-    return static_cast<double>(minute / 60) + static_cast<double>(minute % 60) / 60.0;
+    const auto minute = static_cast<int>((shown - floor<days>(shown)).count() / 60);
+    const int hour = minute / 60;
+    return hour + (minute % 60) / 60.0;
 }
 
 Instant Calendar::startOfDay(Instant at) const {

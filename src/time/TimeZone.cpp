@@ -124,7 +124,7 @@ constexpr std::string_view loadPrefix = "system:";
 
 std::unique_ptr<cctz::ZoneInfoSource> openZone(
     const std::string& name,
-    const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>&) {
+    const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>& /*fallback*/) {
     if (name.rfind(loadPrefix, 0) != 0) return nullptr;
     auto bytes = zonedatabase::readFile(name.substr(loadPrefix.size()));
     if (!bytes) return nullptr;
