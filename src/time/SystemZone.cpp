@@ -67,6 +67,7 @@ TimeZone ComputerZone::current() const {
 
 void ComputerZone::resetSystemTimeZone() {
     held_.reset();
+    TimeZone::takeUpReplacedData();
 }
 
 }  // namespace noonward

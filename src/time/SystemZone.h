@@ -21,7 +21,8 @@ class SystemZone {
 /// dropped; else where etc/localtime below `root` points; else etc/timezone; else "UTC".
 TimeZone systemZone(const std::filesystem::path& root, const char* variable);
 
-/// The setting of this computer and of the environment variable `TZ`.
+/// The setting of this computer and of the environment variable `TZ`. A reset also takes up zone
+/// data that has been replaced: an update of the zones is a time at which systems tell of changes.
 class ComputerZone final : public SystemZone {
  public:
     TimeZone current() const override;

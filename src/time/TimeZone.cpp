@@ -17,6 +17,7 @@ namespace noonward {
 struct TimeZone::Data {
     std::string identifier;
     cctz::time_zone zone;
+    std::size_t fingerprint = 0;  // of the file it was read from
     // The span last asked for: nearly every question is about the days around now.
     mutable Span span{};
 };
@@ -118,37 +119,73 @@ class FileInMemory final : public cctz::ZoneInfoSource {
     std::size_t position_ = 0;
 };
 
-// The name under which cctz keeps a zone. It never reads a name twice; zone data that has been
-// replaced while the program runs could be taken up under another prefix.
-constexpr std::string_view loadPrefix = "system:";
+// cctz asks for a zone's file by the name it is to be known by, and never twice for the same name.
+// So each load has a new name, and the bytes lie ready here.
+std::unique_ptr<cctz::ZoneInfoSource> bytesToLoad;
 
-std::unique_ptr<cctz::ZoneInfoSource> openZone(
-    const std::string& name,
+std::unique_ptr<cctz::ZoneInfoSource> takeBytes(
+    const std::string& /*name*/,
     const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>& /*fallback*/) {
-    if (name.rfind(loadPrefix, 0) != 0) return nullptr;
-    auto bytes = zonedatabase::readFile(name.substr(loadPrefix.size()));
-    if (!bytes) return nullptr;
-    return std::make_unique<FileInMemory>(std::move(*bytes));
+    return std::move(bytesToLoad);
+}
+
+std::optional<cctz::time_zone> load(const std::string& identifier, std::string bytes) {
+    static int loads = 0;
+    bytesToLoad = std::make_unique<FileInMemory>(std::move(bytes));
+    cctz::time_zone zone;
+    const std::string name = std::to_string(++loads) + ":" + identifier;
+    if (!cctz::load_time_zone(name, &zone)) return std::nullopt;
+    return zone;
+}
+
+std::size_t fingerprint(const std::string& bytes) {
+    return std::hash<std::string>()(bytes);
 }
 
 constexpr std::string_view utcIdentifier = "UTC";
 
 }  // namespace
 
-std::optional<TimeZone> TimeZone::find(std::string_view identifier) {
+std::map<std::string, TimeZone::Data, std::less<>>& TimeZone::loaded() {
     // Never destroyed: handles point into it for as long as the process lives.
-    static auto& loaded = *new std::map<std::string, Data, std::less<>>;
-    if (const auto found = loaded.find(identifier); found != loaded.end()) {
+    static auto& zones = *new std::map<std::string, Data, std::less<>>;
+    return zones;
+}
+
+std::optional<TimeZone> TimeZone::find(std::string_view identifier) {
+    if (const auto found = loaded().find(identifier); found != loaded().end()) {
         return TimeZone(found->second);
     }
     Data data{.identifier = std::string(identifier), .zone = cctz::utc_time_zone()};
     if (identifier != utcIdentifier) {
         if (!zonedatabase::lists(identifier)) return std::nullopt;
-        const std::string name = std::string(loadPrefix).append(identifier);
-        if (!cctz::load_time_zone(name, &data.zone)) return std::nullopt;
+        const auto bytes = zonedatabase::readFile(data.identifier);
+        const auto zone = bytes ? load(data.identifier, *bytes) : std::nullopt;
+        if (!zone) return std::nullopt;
+        data.zone = *zone;
+        data.fingerprint = fingerprint(*bytes);
     }
-    const auto entry = loaded.emplace(data.identifier, data).first;
-    return TimeZone(entry->second);
+    return TimeZone(loaded().emplace(data.identifier, data).first->second);
+}
+
+bool TimeZone::takeUpReplacedData(const ReadFile& read) {
+    bool changed = false;
+    for (auto& [identifier, data] : loaded()) {
+        if (identifier == utcIdentifier) continue;
+        const auto bytes = read(identifier);
+        if (!bytes || fingerprint(*bytes) == data.fingerprint) continue;
+        const auto zone = load(identifier, *bytes);
+        if (!zone) continue;  // half written, perhaps: the old rules stay
+        data.zone = *zone;
+        data.fingerprint = fingerprint(*bytes);
+        data.span = {};
+        changed = true;
+    }
+    return changed;
+}
+
+bool TimeZone::takeUpReplacedData() {
+    return takeUpReplacedData(zonedatabase::readFile);
 }
 
 TimeZone TimeZone::utc() {
@@ -161,15 +198,7 @@ bool TimeZone::isKnown(std::string_view identifier) {
 }
 
 const std::vector<std::string>& TimeZone::listed() {
-    static const std::vector<std::string> identifiers = [] {
-        std::vector<std::string> names;
-        for (const auto& row : zonedatabase::table())
-            names.push_back(row.zone);
-        std::sort(names.begin(), names.end());
-        names.erase(std::unique(names.begin(), names.end()), names.end());
-        return names;
-    }();
-    return identifiers;
+    return zonedatabase::identifiers();
 }
 
 const std::string& TimeZone::identifier() const {
@@ -207,6 +236,6 @@ const cctz::time_zone& TimeZone::handle() const {
 namespace cctz_extension {
 
 // cctz looks for this name when it is linked, and takes its own where there is none.
-ZoneInfoSourceFactory zone_info_source_factory = noonward::openZone;
+ZoneInfoSourceFactory zone_info_source_factory = noonward::takeBytes;
 
 }  // namespace cctz_extension

@@ -2,6 +2,8 @@
 
 #include <cctz/time_zone.h>
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +38,12 @@ class TimeZone {
     /// The identifiers of zone.tab, sorted by code point: the zones that people live in.
     static const std::vector<std::string>& listed();
 
+    using ReadFile = std::function<std::optional<std::string>(const std::string& identifier)>;
+    /// Takes up zone data that has been replaced since it was loaded, for handles that there are
+    /// as well. True when anything has changed. `read` gives a zone's file.
+    static bool takeUpReplacedData(const ReadFile& read);
+    static bool takeUpReplacedData();
+
     /// The identifier as it was asked for: "Asia/Calcutta" stays "Asia/Calcutta".
     const std::string& identifier() const;
 
@@ -64,8 +72,9 @@ class TimeZone {
 
  private:
     struct Data;
+    static std::map<std::string, Data, std::less<>>& loaded();
     explicit TimeZone(const Data& data) : data_(&data) {}
-    const Data* data_;  // kept for the life of the process
+    const Data* data_;  // lives as long as the process
 };
 
 }  // namespace noonward

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <functional>
 
 #include "base/ReadFile.h"
 
@@ -71,15 +72,24 @@ std::vector<std::string> parseZonesAndLinks(std::string_view text) {
     return names;
 }
 
+const std::vector<std::string>& identifiers() {
+    static const std::vector<std::string> sorted = [] {
+        std::vector<std::string> names;
+        for (const TableRow& row : table())
+            names.push_back(row.zone);
+        std::sort(names.begin(), names.end());
+        names.erase(std::unique(names.begin(), names.end()), names.end());
+        return names;
+    }();
+    return sorted;
+}
+
 bool lists(std::string_view identifier) {
     if (identifier == "Factory") return false;
-    const auto& rows = table();
-    if (std::any_of(rows.begin(), rows.end(),
-                    [&](const TableRow& row) { return row.zone == identifier; })) {
-        return true;
-    }
-    const auto& names = zonesAndLinks();
-    return std::binary_search(names.begin(), names.end(), identifier);
+    const auto in = [&](const std::vector<std::string>& names) {
+        return std::binary_search(names.begin(), names.end(), identifier, std::less<>());
+    };
+    return in(identifiers()) || in(zonesAndLinks());
 }
 
 bool hasFile(const std::string& identifier) {

@@ -21,6 +21,9 @@ const std::vector<TableRow>& table();
 /// Reads zone.tab's form: tab-separated, at least three fields, "#" begins a comment line.
 std::vector<TableRow> parseTable(std::string_view text);
 
+/// The zones of zone.tab, sorted by code point, each once.
+const std::vector<std::string>& identifiers();
+
 /// Whether zone.tab, or a `Z` or `L` line of tzdata.zi, names the zone. "Factory" is never named.
 bool lists(std::string_view identifier);
 

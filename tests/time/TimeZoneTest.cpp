@@ -12,6 +12,7 @@
 namespace noonward {
 namespace {
 
+using namespace std::string_literals;
 using namespace std::string_view_literals;
 using test::utc;
 using test::zoneNamed;
@@ -125,6 +126,30 @@ TEST(TimeZone, SpansHoldFarAway) {
             EXPECT_EQ(seconds(zone.handle().lookup(last).offset), span.offset) << identifier;
         }
     }
+}
+
+TEST(TimeZone, TakesUpReplacedData) {
+    const TimeZone held = zoneNamed("Antarctica/Vostok");
+    const Instant at = utc("2026-07-01 00:00");
+    const seconds before = held.offset(at);
+    const auto replacing = [&](const std::string& bytes) {
+        return [bytes](const std::string& identifier) {
+            return identifier == "Antarctica/Vostok" ? std::optional(bytes) : std::nullopt;
+        };
+    };
+    EXPECT_FALSE(TimeZone::takeUpReplacedData()) << "nothing was replaced";
+    for (const std::string& broken : {""s, "TZif"s, std::string(500, 'T')}) {
+        EXPECT_FALSE(TimeZone::takeUpReplacedData(replacing(broken)));
+        EXPECT_EQ(held.offset(at), before);
+    }
+    const auto tokyo = replacing(*zonedatabase::readFile("Asia/Tokyo"));
+    EXPECT_TRUE(TimeZone::takeUpReplacedData(tokyo));
+    EXPECT_EQ(held.offset(at), hours(9));
+    EXPECT_EQ(held.abbreviation(at), "JST");
+    EXPECT_FALSE(TimeZone::takeUpReplacedData(tokyo));
+
+    EXPECT_TRUE(TimeZone::takeUpReplacedData()) << "back to what the system has";
+    EXPECT_EQ(held.offset(at), before);
 }
 
 TEST(ZoneDatabase, ReadsTheTable) {
