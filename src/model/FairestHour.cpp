@@ -24,48 +24,44 @@ double withinDay(double x) {
     return std::fmod(x, 24);
 }
 
-/// What one row asks of its people, hour after hour: the offset and the answer for the day are
-/// kept for as long as they hold.
-class RowScorer {
- public:
-    RowScorer(const Row& row, const HolidayLookup& holidays) : row_(row), holidays_(holidays) {}
+double dayPenalty(const Row& row, std::chrono::sys_days day, const HolidayLookup& holidays) {
+    const std::chrono::year_month_day date(day);
+    const DayKey key(static_cast<int>(date.year()),
+                     static_cast<int>(static_cast<unsigned>(date.month())),
+                     static_cast<int>(static_cast<unsigned>(date.day())));
+    const int weekday = static_cast<int>(std::chrono::weekday(day).c_encoding()) + 1;
+    const auto off = offDay(row, key, weekday, holidays);
+    if (!off) return 0;
+    return off->off() ? dayOffPenalty : regionalPenalty;
+}
 
-    double score(Instant at) {
-        if (at < span_.from || at >= span_.until) span_ = row_.tz.span(at);
-        const auto wall = std::chrono::floor<minutes>(at + span_.offset);
-        const auto day = std::chrono::floor<std::chrono::days>(wall);
-        if (day != day_) {
-            day_ = day;
-            penalty_ = penalty(day);
-        }
-        const auto minuteOfDay = static_cast<int>((wall - day).count());
-        const double hour = minuteOfDay / 60 + minuteOfDay % 60 / 60.0;
-        return hoursFromWork(row_.work, hour) + penalty_;
-    }
-
- private:
-    double penalty(std::chrono::sys_days day) const {
-        const std::chrono::year_month_day date(day);
-        const DayKey key(static_cast<int>(date.year()),
-                         static_cast<int>(static_cast<unsigned>(date.month())),
-                         static_cast<int>(static_cast<unsigned>(date.day())));
-        const int weekday = static_cast<int>(std::chrono::weekday(day).c_encoding()) + 1;
-        const auto off = offDay(row_, key, weekday, holidays_);
-        if (!off) return 0;
-        return off->off() ? dayOffPenalty : regionalPenalty;
-    }
-
-    const Row& row_;
-    const HolidayLookup& holidays_;
-    TimeZone::Span span_{};  // empty, so that the first instant asks
-    std::chrono::sys_days day_ = std::chrono::sys_days::min();
-    double penalty_ = 0;
+/// A stretch of one row's time within one local day and one offset from UTC.
+struct Run {
+    Instant until;
+    double penalty;
+    int hour;         ///< that the clock shows where the run was entered,
+    double fraction;  ///< and the part of it that has gone, in whole minutes
 };
+
+Run runAt(const Row& row, Instant at, const HolidayLookup& holidays) {
+    const TimeZone::Span span = row.tz.span(at);
+    const auto wall = std::chrono::floor<minutes>(at + span.offset);
+    const auto day = std::chrono::floor<std::chrono::days>(wall);
+    const auto minuteOfDay = static_cast<int>((wall - day).count());
+    return {.until = std::min<Instant>(span.until, day + hours(24) - span.offset),
+            .penalty = dayPenalty(row, day, holidays),
+            .hour = minuteOfDay / 60,
+            .fraction = minuteOfDay % 60 / 60.0};
+}
 
 struct ColumnScore {
     double worst = -std::numeric_limits<double>::infinity();
     double total = 0;
 
+    void add(double score) {
+        worst = std::max(worst, score);
+        total += score;
+    }
     bool operator<(const ColumnScore& other) const {
         return worst < other.worst || (worst == other.worst && total < other.total);
     }
@@ -93,12 +89,14 @@ int fairestCol(const std::vector<Row>& rows, const Strip& strip, Columns candida
         mostCandidates, static_cast<std::size_t>(candidates.last - candidates.first + 1));
     const Instant first = strip.instant(candidates.first);
     for (const Row& row : rows) {
-        RowScorer scorer(row, holidays);
         Instant at = first;
-        for (std::size_t i = 0; i < count; ++i, at += hours(1)) {
-            const double score = scorer.score(at);
-            scores[i].worst = std::max(scores[i].worst, score);
-            scores[i].total += score;
+        for (std::size_t i = 0; i < count;) {
+            Run run = runAt(row, at, holidays);
+            do {  // at least once: where the calendar ends a run may end before it begins
+                scores[i].add(hoursFromWork(row.work, run.hour + run.fraction) + run.penalty);
+                ++run.hour;
+                at += hours(1);
+            } while (++i < count && at < run.until);
         }
     }
     const auto* const best = std::min_element(scores.data(), scores.data() + count);

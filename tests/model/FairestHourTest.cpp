@@ -128,6 +128,15 @@ TEST(FairestHour, KnowsItsCandidates) {
             << "with everyone hidden the first candidate is as fair as any";
 }
 
+TEST(FairestHour, EndsWithTheCalendar) {
+    const std::vector<Row> rows{rowIn("Europe/London"), rowIn("Pacific/Apia")};
+    for (const Instant edge : {TimeZone::earliest, TimeZone::latest, TimeZone::latest + hours(99)})
+        for (const int column : {0, 1, 1000})
+            EXPECT_TRUE((Columns{column, column + 23})
+                            .contains(fairestCol(rows, {.dayStart = edge}, {column, column + 23},
+                                                 FakeHolidays())));
+}
+
 // The rule as it is put in words, hour by hour and row by row.
 int byTheRule(const std::vector<Row>& rows, const Strip& strip, Columns candidates,
               const HolidayLookup& holidays) {
