@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/FileOperations.h"
+#include "base/ReadFile.h"
 #include "config/Config.h"
 
 namespace noonward {
@@ -42,6 +43,8 @@ class ConfigFile {
     void save(const Config& config);
 
  private:
+    FileContents read();
+
     ConfigPaths paths_;
     Access access_;
     FileOperations& operations_;

@@ -1,0 +1,88 @@
+#include "config/ConfigFile.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "config/ConfigJson.h"
+#include "config/InPlaceFile.h"
+
+namespace noonward {
+namespace {
+
+using State = FileContents::State;
+
+/// Larger files count as no configuration: one of a few places has 3 KB.
+constexpr std::size_t largestFile = 1 << 20;
+
+bool isConfiguration(std::string_view text) {
+    return decodeConfig(text, TimeZone::utc()).has_value();
+}
+
+InPlaceFile inPlace(const ConfigPaths& paths, FileOperations& operations) {
+    return {paths.file, largestFile, isConfiguration, operations};
+}
+
+bool haveSameLabels(const std::vector<Place>& a, const std::vector<Place>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Place& x, const Place& y) { return x.label == y.label; });
+}
+
+/// Whether a file that held `stored` may stay as it is.
+bool isInCurrentForm(const DecodedConfig& stored, const Config& tidied) {
+    return stored.hasAllKeys && stored.config.favourites == tidied.favourites &&
+           haveSameLabels(stored.config.places, tidied.places);
+}
+
+}  // namespace
+
+ConfigPaths configPaths(const char* xdgDataHome, const char* home) {
+    const std::filesystem::path homeFolder = home ? home : "";
+    std::filesystem::path dataFolder = xdgDataHome ? xdgDataHome : "";
+    if (!dataFolder.is_absolute() && homeFolder.is_absolute())
+        dataFolder = homeFolder / ".local/share";
+    ConfigPaths paths;
+    if (dataFolder.is_absolute()) paths.file = dataFolder / "Noonward/places.json";
+    if (homeFolder.is_absolute()) paths.oldFile = homeFolder / ".config/zones/places.json";
+    return paths;
+}
+
+ConfigFile::ConfigFile(ConfigPaths paths, Access access, FileOperations& operations)
+    : paths_(std::move(paths)), access_(access), operations_(operations) {}
+
+Config ConfigFile::load(const TimeZone& here) {
+    const FileContents contents = read();
+    if (contents.state == State::tooLarge) return Config::defaults(here);
+    if (contents.state != State::read) {
+        Config config = Config::defaults(here).tidied(here);
+        save(config);
+        return config;
+    }
+    const auto stored = decodeConfig(contents.bytes, here);
+    if (!stored) return Config::defaults(here);
+    Config config = stored->config.tidied(here);
+    if (!isInCurrentForm(*stored, config)) save(config);
+    return config;
+}
+
+void ConfigFile::save(const Config& config) {
+    if (access_ == Access::readOnly || paths_.file.empty()) return;
+    inPlace(paths_, operations_).write(encodeConfig(config));
+}
+
+/// The file's content after whatever must be done before it is read. The older version's file is
+/// taken up where there is none yet; it stays where it is.
+FileContents ConfigFile::read() {
+    if (paths_.file.empty()) return {};
+    InPlaceFile file = inPlace(paths_, operations_);
+    if (access_ == Access::readWrite) file.recover();
+    FileContents contents = file.read();
+    if (contents.state != State::missing || paths_.oldFile.empty()) return contents;
+
+    FileContents old = readRegularFile(paths_.oldFile, largestFile);
+    if (access_ == Access::readOnly) return old;
+    if (old.state == State::read) file.write(old.bytes);
+    return file.read();
+}
+
+}  // namespace noonward
