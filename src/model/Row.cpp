@@ -37,6 +37,11 @@ std::set<int> runOfDays(std::size_t start, std::size_t length) {
 
 }  // namespace
 
+WorkHours workHours(const Place& place) {
+    if (!place.work || place.work->size() != 2) return {};
+    return {place.work->front(), place.work->back()};
+}
+
 Row::Row(int rowID, std::string name, std::string shortText, TimeZone zone,
          std::optional<std::string> abbr, bool home)
     : id(rowID),
@@ -53,7 +58,7 @@ Row::Row(int rowID, std::string name, std::string shortText, TimeZone zone,
 
 Row::Row(int rowID, const Place& place, TimeZone zone, bool home)
     : Row(rowID, place.label, place.shortName, zone, place.abbr, home) {
-    if (place.work && place.work->size() == 2) work = {place.work->front(), place.work->back()};
+    work = workHours(place);
     if (place.workdays) workdays = {place.workdays->begin(), place.workdays->end()};
     if (!place.holidays.value_or(true)) country.reset();
     if (!place.daysOff) return;

@@ -22,6 +22,9 @@ struct WorkHours {
     bool operator==(const WorkHours&) const = default;
 };
 
+/// A place's working hours: its own when they are two numbers, else 8 to 18.
+WorkHours workHours(const Place& place);
+
 /// One place as everything that is computed or shown sees it: a copyable value that carries all it
 /// needs to know.
 struct Row {
