@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "config/ConfigJson.h"
-#include "config/InPlaceFile.h"
 
 namespace noonward {
 namespace {
@@ -14,14 +13,6 @@ using State = FileContents::State;
 
 /// Larger files count as no configuration: one of a few places has 3 KB.
 constexpr std::size_t largestFile = 1 << 20;
-
-bool isConfiguration(std::string_view text) {
-    return decodeConfig(text, TimeZone::utc()).has_value();
-}
-
-InPlaceFile inPlace(const ConfigPaths& paths, FileOperations& operations) {
-    return {paths.file, largestFile, isConfiguration, operations};
-}
 
 bool haveSameLabels(const std::vector<Place>& a, const std::vector<Place>& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -51,7 +42,7 @@ ConfigFile::ConfigFile(ConfigPaths paths, Access access, FileOperations& operati
     : paths_(std::move(paths)), access_(access), operations_(operations) {}
 
 Config ConfigFile::load(const TimeZone& here) {
-    const FileContents contents = read();
+    FileContents contents = read();
     if (contents.state == State::tooLarge) return Config::defaults(here);
     if (contents.state != State::read) {
         Config config = Config::defaults(here).tidied(here);
@@ -60,6 +51,7 @@ Config ConfigFile::load(const TimeZone& here) {
     }
     const auto stored = decodeConfig(contents.bytes, here);
     if (!stored) return Config::defaults(here);
+    known_ = std::move(contents.bytes);
     Config config = stored->config.tidied(here);
     if (!isInCurrentForm(*stored, config)) save(config);
     return config;
@@ -67,14 +59,16 @@ Config ConfigFile::load(const TimeZone& here) {
 
 void ConfigFile::save(const Config& config) {
     if (access_ == Access::readOnly || paths_.file.empty()) return;
-    inPlace(paths_, operations_).write(encodeConfig(config));
+    std::string text = encodeConfig(config);
+    inPlaceFile().write(text);
+    known_ = std::move(text);
 }
 
 /// The file's content after whatever must be done before it is read. The older version's file is
 /// taken up where there is none yet; it stays where it is.
 FileContents ConfigFile::read() {
     if (paths_.file.empty()) return {};
-    InPlaceFile file = inPlace(paths_, operations_);
+    InPlaceFile file = inPlaceFile();
     if (access_ == Access::readWrite) file.recover();
     FileContents contents = file.read();
     if (contents.state != State::missing || paths_.oldFile.empty()) return contents;
@@ -83,6 +77,13 @@ FileContents ConfigFile::read() {
     if (access_ == Access::readOnly) return old;
     if (old.state == State::read) file.write(old.bytes);
     return file.read();
+}
+
+InPlaceFile ConfigFile::inPlaceFile() {
+    const auto isConfiguration = [this](std::string_view text) {
+        return text == known_ || decodeConfig(text, TimeZone::utc()).has_value();
+    };
+    return {paths_.file, largestFile, isConfiguration, operations_};
 }
 
 }  // namespace noonward

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "base/FileOperations.h"
 #include "base/ReadFile.h"
 #include "config/Config.h"
+#include "config/InPlaceFile.h"
 
 namespace noonward {
 
@@ -44,10 +47,13 @@ class ConfigFile {
 
  private:
     FileContents read();
+    InPlaceFile inPlaceFile();
 
     ConfigPaths paths_;
     Access access_;
     FileOperations& operations_;
+    /// A text that is a configuration, for it was read or written last: spares decoding it again.
+    std::optional<std::string> known_;
 };
 
 }  // namespace noonward

@@ -129,7 +129,10 @@ bool canBeWritten(const std::vector<double>& hours) {
 }
 
 Json placeJson(const Place& place) {
-    Json object = {{"label", place.label}, {"short", place.shortName}, {"zone", place.zone}};
+    Json object = Json::object();
+    object["label"] = place.label;
+    object["short"] = place.shortName;
+    object["zone"] = place.zone;
     if (place.home) object["home"] = *place.home;
     if (place.abbr) object["abbr"] = *place.abbr;
     if (place.work && canBeWritten(*place.work)) object["work"] = hoursJson(*place.work);
@@ -153,12 +156,15 @@ std::optional<DecodedConfig> decodeConfig(std::string_view text, const TimeZone&
 }
 
 std::string encodeConfig(const Config& config) {
-    Json object = {
-        {"hourFormat", config.hourFormat}, {"homeZones", config.homeZones},
-        {"favourites", config.favourites}, {"clickSound", config.clickSound},
-        {"appearance", config.appearance}, {"meetingMinutes", config.meetingMinutes},
-        {"welcomed", config.welcomed},     {"rolling", config.rolling},
-    };
+    Json object = Json::object();
+    object["hourFormat"] = config.hourFormat;
+    object["homeZones"] = config.homeZones;
+    object["favourites"] = config.favourites;
+    object["clickSound"] = config.clickSound;
+    object["appearance"] = config.appearance;
+    object["meetingMinutes"] = config.meetingMinutes;
+    object["welcomed"] = config.welcomed;
+    object["rolling"] = config.rolling;
     if (config.travel)
         object["travel"] = {{"zone", config.travel->zone}, {"here", config.travel->here}};
     Json& places = object["places"] = Json::array();

@@ -232,6 +232,16 @@ TEST(ConfigFileTest, SavingKeepsTheFileItself) {
     EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_all | fs::perms::group_read);
 }
 
+TEST(ConfigFileTest, ASaveWaitsForTheDiskOnce) {
+    ConfigHome home;
+    home.load();  // saves defaults
+    EXPECT_EQ(home.operations.waits(), 1);
+    home.file.save(exampleConfig());
+    EXPECT_EQ(home.operations.waits(), 2);
+    home.load();
+    EXPECT_EQ(home.operations.waits(), 2);
+}
+
 TEST(ConfigFileTest, ALinkThatLeadsNowhereIsWrittenThrough) {
     ConfigHome home;
     const fs::path real = home.folder / "mounted/real.json";

@@ -25,6 +25,9 @@ class FaultyFiles final : public FileOperations {
     FaultyFiles(Fault fault, int at, std::size_t written = 0)
         : fault_(fault), at_(at), written_(written) {}
 
+    /// How often the disk was waited for.
+    int waits() const { return waits_; }
+
     /// Whether the moment has come.
     bool happened() const { return count_ > at_; }
 
@@ -43,7 +46,10 @@ class FaultyFiles final : public FileOperations {
     int ftruncate(int descriptor, off_t length) override {
         return next() ? FileOperations::ftruncate(descriptor, length) : -1;
     }
-    int fdatasync(int) override { return next() ? 0 : -1; }  // no need to wait for test data
+    int fdatasync(int) override {  // no need to wait for test data
+        ++waits_;
+        return next() ? 0 : -1;
+    }
     int rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
         return next() ? FileOperations::rename(from, to) : -1;
     }
@@ -66,6 +72,7 @@ class FaultyFiles final : public FileOperations {
     int at_;
     std::size_t written_;
     int count_ = 0;
+    int waits_ = 0;
 };
 
 }  // namespace noonward::test
