@@ -1,11 +1,54 @@
 #include "reference/CityIndex.h"
 
 #include <algorithm>
+#include <bit>
 #include <map>
 
 #include "base/Unicode.h"
 
 namespace noonward {
+namespace {
+
+bool startsWith(std::string_view text, std::string_view beginning) {
+    return text.substr(0, beginning.size()) == beginning;
+}
+
+/// Places in a list, in order: a bit each.
+class CitySet {
+ public:
+    /// Makes it empty, for a list of so many.
+    void clear(std::size_t count) { words_.assign((count + 63) / 64, 0); }
+
+    void insert(std::size_t place) { words_[place / 64] |= bit(place); }
+    void erase(std::size_t place) { words_[place / 64] &= ~bit(place); }
+    void remove(const CitySet& others) {
+        for (std::size_t i = 0; i < words_.size(); ++i)
+            words_[i] &= ~others.words_[i];
+    }
+
+    std::size_t size() const {
+        std::size_t count = 0;
+        for (const std::uint64_t word : words_)
+            count += static_cast<std::size_t>(std::popcount(word));
+        return count;
+    }
+
+    template <typename Use>
+    void forEach(Use use) const {
+        for (std::size_t i = 0; i < words_.size(); ++i) {
+            for (std::uint64_t rest = words_[i]; rest != 0; rest &= rest - 1) {
+                use(i * 64 + static_cast<std::size_t>(std::countr_zero(rest)));
+            }
+        }
+    }
+
+ private:
+    static std::uint64_t bit(std::size_t place) { return std::uint64_t{1} << (place % 64); }
+
+    std::vector<std::uint64_t> words_;
+};
+
+}  // namespace
 
 CityIndex::CityIndex(const std::vector<City>& curated, const std::vector<City>& zones)
     : curated_(curated), zones_(zones) {
@@ -53,41 +96,53 @@ void CityIndex::relateNamesakes() {
     }
 }
 
+// For each group the cities found.
+struct CityIndex::Found {
+    std::array<CitySet, 4> sets;
+
+    CitySet& operator[](Group group) { return sets[static_cast<std::size_t>(group)]; }
+    const CitySet& operator[](Group group) const { return sets[static_cast<std::size_t>(group)]; }
+};
+
 std::vector<const City*> CityIndex::search(std::string_view query) const {
     const std::string text = unicode::folded(unicode::trimmed(query));
     if (text.empty()) return {};
-    const auto first =
-        std::lower_bound(entries_.begin(), entries_.end(), std::string_view(text),
-                         [](const Entry& entry, std::string_view q) { return entry.text < q; });
+    thread_local Found found;  // kept for the next search: only the result is allocated
+    find(text, found);
+    return listed(found);
+}
 
-    // The best group of each city of the two lists; kept to be used again.
-    thread_local std::vector<Group> found;
-    thread_local std::vector<bool> foundZones;
-    found.assign(curated_.size(), Group::none);
-    foundZones.assign(zones_.size(), false);
-    for (auto entry = first; entry != entries_.end(); ++entry) {
-        if (entry->text.substr(0, text.size()) != text) break;
-        if (entry->group == Group::zone) {
-            foundZones[entry->city] = true;
-        } else if (found[entry->city] == Group::none || entry->group < found[entry->city]) {
-            found[entry->city] = entry->group;
-        }
-    }
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        if (found[i] == Group::none) continue;
-        for (const std::uint32_t zone : namesakes_[i])
-            foundZones[zone] = false;
-    }
+void CityIndex::find(std::string_view text, Found& found) const {
+    for (const Group group : curatedGroups)
+        found[group].clear(curated_.size());
+    found[Group::zone].clear(zones_.size());
 
+    const auto isBefore = [](const Entry& entry, std::string_view q) { return entry.text < q; };
+    auto entry = std::lower_bound(entries_.begin(), entries_.end(), text, isBefore);
+    for (; entry != entries_.end() && startsWith(entry->text, text); ++entry) {
+        found[entry->group].insert(entry->city);
+    }
+    found[Group::alias].remove(found[Group::name]);
+    found[Group::country].remove(found[Group::name]);
+    found[Group::country].remove(found[Group::alias]);
+    for (const Group group : curatedGroups) {
+        found[group].forEach([&](std::size_t city) {
+            for (const std::uint32_t zone : namesakes_[city])
+                found[Group::zone].erase(zone);
+        });
+    }
+}
+
+std::vector<const City*> CityIndex::listed(const Found& found) const {
+    std::size_t count = 0;
+    for (const CitySet& set : found.sets)
+        count += set.size();
     std::vector<const City*> cities;
-    for (const Group group : {Group::name, Group::alias, Group::country}) {
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            if (found[i] == group) cities.push_back(&curated_[i]);
-        }
+    cities.reserve(count);
+    for (const Group group : curatedGroups) {
+        found[group].forEach([&](std::size_t city) { cities.push_back(&curated_[city]); });
     }
-    for (std::size_t i = 0; i < foundZones.size(); ++i) {
-        if (foundZones[i]) cities.push_back(&zones_[i]);
-    }
+    found[Group::zone].forEach([&](std::size_t city) { cities.push_back(&zones_[city]); });
     return cities;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -17,6 +19,9 @@ class CityIndex {
     /// The lists must outlive the index.
     CityIndex(const std::vector<City>& curated, const std::vector<City>& zones);
 
+    CityIndex(const CityIndex&) = delete;
+    CityIndex& operator=(const CityIndex&) = delete;
+
     /// The cities that match, ignoring case and diacritics, best first: curated ones by name, by
     /// alias, by the beginning of the country; then zones' cities by name, but those whose names
     /// have been found. In each group the order is the lists'. A name or an alias matches when
@@ -24,7 +29,7 @@ class CityIndex {
     std::vector<const City*> search(std::string_view query) const;
 
  private:
-    enum class Group : std::uint8_t { none, name, alias, country, zone };
+    enum class Group : std::uint8_t { name, alias, country, zone };  ///< best first
 
     /// A text that may begin with a query: a whole name, or a later word of it.
     struct Entry {
@@ -32,6 +37,12 @@ class CityIndex {
         Group group;
         std::uint32_t city;  ///< place in its list
     };
+
+    static constexpr std::array curatedGroups = {Group::name, Group::alias, Group::country};
+    struct Found;
+
+    void find(std::string_view text, Found& found) const;
+    std::vector<const City*> listed(const Found& found) const;
 
     void add(const std::string& text, Group group, std::size_t city);
     void addWords(const std::string& text, Group group, std::size_t city);
