@@ -13,6 +13,7 @@
 #include "base/Published.h"
 #include "holidays/Holiday.h"
 #include "holidays/HolidayDays.h"
+#include "holidays/HolidaySource.h"
 #include "holidays/HttpClient.h"
 #include "time/Calendar.h"
 #include "time/DayKey.h"
@@ -26,7 +27,8 @@ class Holidays final : public HolidayLookup {
  public:
     /// `cacheFolder` holds one file per country; empty: nothing is kept. Without `http` nothing is
     /// downloaded, and nothing counts as missing. Clock and client must outlive this object.
-    Holidays(std::filesystem::path cacheFolder, const Clock& clock, HttpClient* http);
+    Holidays(std::filesystem::path cacheFolder, const Clock& clock, HttpClient* http,
+             HolidaySource source = {});
     ~Holidays() override;
 
     /// Sees to it that a country's calendar is loaded and, when stale or absent, asked for; once
@@ -65,6 +67,7 @@ class Holidays final : public HolidayLookup {
     std::filesystem::path cacheFolder_;
     const Clock& clock_;
     HttpClient* http_;
+    HolidaySource source_;
     Announcer changes_;
     std::map<std::string, HolidayDays, std::less<>> days_;
     std::set<std::string, std::less<>> missing_;
