@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/Row.h"
+#include "model/Rows.h"
 #include "reference/Country.h"
 
 namespace noonward::editing {
@@ -117,8 +119,9 @@ Edited nudgeWork(Config config, int index, bool start, double by) {
     return config;
 }
 
-Edited toggleWorkday(Config config, int index, const Row& row, int weekday) {
+Edited toggleWorkday(Config config, int index, int weekday, const TimeZone& here) {
     if (!exists(config, index)) return std::nullopt;
+    const Row row = placeRows(config, here)[static_cast<std::size_t>(index)];
     std::set<int> days = row.workdays;
     if (days.erase(weekday) == 0) days.insert(weekday);
     const auto& usual = Country::workingDays(Country::code(row.tz.identifier()));

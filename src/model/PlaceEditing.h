@@ -2,12 +2,10 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "config/Config.h"
-#include "model/Row.h"
 #include "reference/City.h"
-#include "time/DayKey.h"
+#include "time/TimeZone.h"
 
 /// What the user can do to the places of a configuration. Places go by their index. Each edit gives
 /// the edited configuration, not yet tidied; nothing when it is refused, as all are for an index
@@ -43,8 +41,9 @@ Edited toggleFavourite(Config config, int index);
 /// shrink to nothing stay as they are.
 Edited nudgeWork(Config config, int index, bool start, double by);
 
-/// With one weekday (1 = Sunday … 7 = Saturday) more or fewer than in the place's row.
-Edited toggleWorkday(Config config, int index, const Row& row, int weekday);
+/// With one working weekday (1 = Sunday … 7 = Saturday) more or fewer than the place has. `here` is
+/// the zone this computer is set to.
+Edited toggleWorkday(Config config, int index, int weekday, const TimeZone& here);
 
 /// With default hours, the country's week and its holidays; own days off stay.
 Edited resetWeek(Config config, int index);

@@ -13,18 +13,19 @@ namespace noonward {
 
 namespace {
 
-TimeZone zoneOf(const Place& place, const Config& config, const TimeZone& here) {
-    if (place.zone.empty()) return macElsewhere(config, here) ? homeZone(config, here) : here;
-    return TimeZone::find(place.zone).value_or(here);
+TimeZone zoneOf(const Place& place, const Whereabouts& where) {
+    if (place.zone.empty()) return where.elsewhere ? where.home : where.here;
+    return TimeZone::find(place.zone).value_or(where.here);
 }
 
 }  // namespace
 
 std::vector<Row> placeRows(const Config& config, const TimeZone& here) {
+    const Whereabouts where = whereabouts(config, here);
     std::vector<Row> rows;
     rows.reserve(config.places.size());
     for (const Place& place : config.places)
-        rows.emplace_back(static_cast<int>(rows.size()), place, zoneOf(place, config, here),
+        rows.emplace_back(static_cast<int>(rows.size()), place, zoneOf(place, where),
                           place.home.value_or(false));
     return rows;
 }

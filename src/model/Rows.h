@@ -19,7 +19,7 @@ std::vector<Row> placeRows(const Config& config, const TimeZone& here);
 
 /// The rows as seen from where the computer is: that zone's row in front and home. Where no place
 /// is in that zone, one is added.
-std::vector<Row> rowsFromHere(std::vector<Row> places, const Config& config, const TimeZone& here);
+std::vector<Row> rowsFromHere(std::vector<Row> rows, const Config& config, const TimeZone& here);
 
 /// The rows with the UTC row after the home row.
 std::vector<Row> withUtcRow(std::vector<Row> rows);

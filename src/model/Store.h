@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Published.h"
@@ -16,6 +17,7 @@
 #include "model/RepeatingTimer.h"
 #include "model/Row.h"
 #include "model/Strip.h"
+#include "model/Travelling.h"
 #include "time/Instant.h"
 #include "time/SystemZone.h"
 #include "time/TimeZone.h"
@@ -25,6 +27,7 @@ namespace noonward {
 
 class ConfigFile;
 class Holidays;
+struct City;
 
 /// The one observable model: the places, the clock, the shown day, the proposed meeting and the
 /// texts made from it. Views read it and call its operations; each change is announced. Main thread
@@ -125,25 +128,65 @@ class Store {
     std::string asText(Instant at) const;                   ///< a line per visible place
     std::string emailText(Instant from) const;
 
-    /// Applies an edit to a copy of the configuration; it is tidied, saved, then published.
+    std::vector<std::string> offNotes(Instant at) const;  ///< which places are off, and why
+
+    // Typing a time: the view writes `timeQuery` and calls `preview`.
+    void startTyping(const std::string& text = {});
+    void preview();                ///< shows what is typed; cleared text shows what was before
+    void finishTyping(bool keep);  ///< without `keep` what was before typing comes back
+    bool timeQueryValid() const;
+
+    // The configuration. Each edit of it is tidied, saved, then published. Places go by their
+    // index; what an edit may not do, such as moving home, it silently leaves.
     void change(const std::function<void(Config&)>& body);
+    void showWithoutSaving(const Config& config);  ///< for demonstration pictures
+    void reload();                                 ///< from the file; refreshes the clock as well
+    void add(const City& city);                    ///< up to `maxPlaces`
+    bool has(const City& city) const;
+    void remove(int index);
+    void move(int index, int by);
+    void rename(int index, const std::string& name);
+    bool isHome(int index) const;
+    void setHome(int index);
+    bool isFavourite(int index) const;
+    void toggleFavourite(int index);
+    void nudgeWork(int index, bool start, double by);  ///< hours, to the start or the end
+    void toggleWorkday(int index, int weekday);        ///< 1 = Sunday … 7 = Saturday
+    void resetWeek(int index);
+    void setHolidays(int index, bool on);
+    void addDayOff(int index, const std::string& key);  ///< "yyyy-mm-dd"
+    void removeDayOff(int index, const std::string& key);
+    void setRolling(bool on);
+    void setAppearance(const std::string& name);  ///< "system", "light" or "dark"
+    void markWelcomed();
+    void planFromHere(bool here);  ///< answers for the zone this computer is in
+    void fetchHolidays();          ///< asks for the calendars of all countries in use
 
  private:
     struct Derived;
     const Derived& derived() const;
+    const Whereabouts& whereabouts() const;
     const Row& home() const;
-    StripPlace stripPlace() const;
+    StripPlace stripPlace(const Row& home) const;
     Strip strip() const;
+    void save(const Config& edited);
+    bool saveIfAny(const std::optional<Config>& edited);
+    void saveAndFetch(const std::optional<Config>& edited);
     void publish(Config config);
+    std::optional<Instant> typedInstant() const;
+    void restoreBeforeTyping();
 
     Services services_;
     Published<Instant> now_;
     Published<int> dayOffset_{changes_, 0};
     Published<std::optional<Instant>> proposal_{changes_};
     Published<Config> config_;
+    mutable std::optional<Whereabouts> whereabouts_;
     mutable std::unique_ptr<Derived> derived_;
+    std::pair<std::optional<Instant>, int> beforeTyping_{};  // proposal and dayOffset
     Subscription holidayWatch_;
     Subscription ticks_;
+    Subscription zoneWatch_;
 };
 
 }  // namespace noonward

@@ -42,24 +42,20 @@ std::string hereName(const Config& config, const TimeZone& here) {
     return lastPiece(zone);
 }
 
-bool macElsewhere(const Config& config, const TimeZone& here) {
+Whereabouts whereabouts(const Config& config, const TimeZone& here) {
+    const TimeZone home = homeZone(config, here);
     const auto& known = config.homeZones;
-    return !(here == homeZone(config, here)) &&
-           std::find(known.begin(), known.end(), here.identifier()) == known.end();
+    const bool knownHere = std::find(known.begin(), known.end(), here.identifier()) != known.end();
+    return {.here = here, .home = home, .elsewhere = !(here == home) && !knownHere};
 }
 
-bool away(const Config& config, const TimeZone& here, Instant at) {
-    return macElsewhere(config, here) && here.offset(at) != homeZone(config, here).offset(at);
+bool planningHere(const std::optional<Travel>& travel, const Whereabouts& where, Instant at) {
+    return travel && travel->here && travel->zone == where.here.identifier() && where.away(at);
 }
 
-bool planningHere(const Config& config, const TimeZone& here, Instant at) {
-    const auto& travel = config.travel;
-    return travel && travel->here && travel->zone == here.identifier() && away(config, here, at);
-}
-
-bool travelUndecided(const Config& config, const TimeZone& here, Instant at) {
-    const bool answered = config.travel && config.travel->zone == here.identifier();
-    return !answered && away(config, here, at);
+bool travelUndecided(const std::optional<Travel>& travel, const Whereabouts& where, Instant at) {
+    const bool answered = travel && travel->zone == where.here.identifier();
+    return !answered && where.away(at);
 }
 
 }  // namespace noonward

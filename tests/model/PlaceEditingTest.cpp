@@ -34,7 +34,6 @@ using Labels = std::vector<std::string>;
 
 TEST(PlaceEditing, RefusesWhatMayNotBe) {
     const Config config = threePlaces();
-    const Row row(0, config.places[0], TimeZone::utc(), true);
     const struct {
         const char* what;
         std::function<editing::Edited(int)> edit;
@@ -46,7 +45,8 @@ TEST(PlaceEditing, RefusesWhatMayNotBe) {
         {"star", [&](int i) { return editing::toggleFavourite(config, i); }, false},
         {"rename", [&](int i) { return editing::rename(config, i, "x"); }, true},
         {"nudge", [&](int i) { return editing::nudgeWork(config, i, true, 0.5); }, true},
-        {"workday", [&](int i) { return editing::toggleWorkday(config, i, row, 1); }, true},
+        {"workday", [&](int i) { return editing::toggleWorkday(config, i, 1, TimeZone::utc()); },
+         true},
         {"reset", [&](int i) { return editing::resetWeek(config, i); }, true},
         {"holidays", [&](int i) { return editing::setHolidays(config, i, false); }, true},
         {"day off", [&](int i) { return editing::addDayOff(config, i, "2026-01-01"); }, true},
@@ -151,11 +151,11 @@ TEST(PlaceEditing, NudgesTheWorkingHours) {
 }
 
 TEST(PlaceEditing, ChoosesWorkdays) {
-    const auto toggled = [](const char* zone, Place place, int weekday) {
+    const auto toggled = [](const char* zone, const Place& place, int weekday) {
         Config config = threePlaces();
         config.places[1] = place;
-        const Row row(1, place, zoneNamed(zone), false);
-        return editing::toggleWorkday(config, 1, row, weekday)->places[1].workdays;
+        // The place follows the computer.
+        return editing::toggleWorkday(config, 1, weekday, zoneNamed(zone))->places[1].workdays;
     };
     using Days = std::optional<std::vector<int>>;
     EXPECT_EQ(toggled("Europe/London", {}, 7), (Days{{2, 3, 4, 5, 6, 7}}));

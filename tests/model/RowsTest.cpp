@@ -30,6 +30,7 @@ Config configOf(std::vector<Place> places, std::vector<std::string> homeZones = 
 /// Each row's label, "=" and its zone; "*" for home.
 std::vector<std::string> described(const std::vector<Row>& rows) {
     std::vector<std::string> texts;
+    texts.reserve(rows.size());
     for (const Row& row : rows)
         texts.push_back((row.isHome ? "*" : "") + row.label + "=" + row.tz.identifier());
     return texts;
@@ -116,13 +117,12 @@ TEST(Travelling, KnowsWhetherOneIsAway) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        Config config = configOf({place("Home", "")}, {"Europe/London", "Europe/Jersey"});
-        config.travel = c.travel;
-        const TimeZone here = zoneNamed(c.here);
-        EXPECT_EQ(macElsewhere(config, here), c.elsewhere);
-        EXPECT_EQ(away(config, here, c.at), c.away);
-        EXPECT_EQ(planningHere(config, here, c.at), c.planningHere);
-        EXPECT_EQ(travelUndecided(config, here, c.at), c.undecided);
+        const Config config = configOf({place("Home", "")}, {"Europe/London", "Europe/Jersey"});
+        const Whereabouts where = whereabouts(config, zoneNamed(c.here));
+        EXPECT_EQ(where.elsewhere, c.elsewhere);
+        EXPECT_EQ(where.away(c.at), c.away);
+        EXPECT_EQ(planningHere(c.travel, where, c.at), c.planningHere);
+        EXPECT_EQ(travelUndecided(c.travel, where, c.at), c.undecided);
     }
 }
 
