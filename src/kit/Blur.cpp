@@ -20,7 +20,8 @@ void boxBlur(const Line& line, int reach, std::vector<std::array<uchar, 4>>& cop
     const auto at = [&line](int i) { return line.first + i * line.stride; };
     copy.resize(static_cast<std::size_t>(line.length));
     for (int i = 0; i < line.length; ++i) {
-        for (std::size_t c = 0; c < 4; ++c) copy[static_cast<std::size_t>(i)][c] = at(i)[c];
+        for (std::size_t c = 0; c < 4; ++c)
+            copy[static_cast<std::size_t>(i)][c] = at(i)[c];
     }
     const std::uint32_t width = 2 * static_cast<std::uint32_t>(reach) + 1;
     std::array<std::uint32_t, 4> sum{};
@@ -31,7 +32,8 @@ void boxBlur(const Line& line, int reach, std::vector<std::array<uchar, 4>>& cop
             sum[c] = add ? sum[c] + value : sum[c] - value;
         }
     };
-    for (int i = 0; i < reach; ++i) count(i, true);
+    for (int i = 0; i < reach; ++i)
+        count(i, true);
     for (int i = 0; i < line.length; ++i) {
         count(i + reach, true);
         for (std::size_t c = 0; c < 4; ++c) {

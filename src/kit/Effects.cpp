@@ -176,11 +176,15 @@ class ShadowNode final : public Wrapper {
 
 }  // namespace
 
-View View::opacity(double opacity) const { return wrap<OpacityNode>(*this, opacity); }
+View View::opacity(double opacity) const {
+    return wrap<OpacityNode>(*this, opacity);
+}
 View View::scale(double x, double y, Alignment anchor) const {
     return wrap<ScaleNode>(*this, x, y, anchor);
 }
-View View::clip(const Shape& shape) const { return wrap<ClipNode>(*this, shape); }
+View View::clip(const Shape& shape) const {
+    return wrap<ClipNode>(*this, shape);
+}
 View View::mask(std::vector<MaskStop> stops) const {
     return wrap<MaskNode>(*this, std::move(stops));
 }

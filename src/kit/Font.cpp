@@ -47,7 +47,9 @@ Entry& entry(const Font& font) {
 
 }  // namespace
 
-const FontMetrics& metrics(const Font& font) { return entry(font).metrics; }
+const FontMetrics& metrics(const Font& font) {
+    return entry(font).metrics;
+}
 
 double advance(const Font& font, const QString& text) {
     Entry& known = entry(font);

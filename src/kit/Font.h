@@ -23,7 +23,9 @@ inline size_t qHash(const Font& font, size_t seed = 0) {
 }
 
 /// The desktop's interface font.
-inline Font systemFont(double size, Weight weight = Weight::regular) { return {{}, size, weight}; }
+inline Font systemFont(double size, Weight weight = Weight::regular) {
+    return {{}, size, weight};
+}
 
 /// What the layout needs to know of a font, in points.
 struct FontMetrics {

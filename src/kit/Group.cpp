@@ -23,7 +23,8 @@ class GroupNode final : public Node {
         return size;
     }
     void place(Placed& self) const override {
-        for (const Slot& element : elements_) self.add(element.slot, element.view, self.rect);
+        for (const Slot& element : elements_)
+            self.add(element.slot, element.view, self.rect);
     }
     std::string description() const override { return "group"; }
 

@@ -16,7 +16,9 @@ QPointF aligned(const QRectF& space, const QSizeF& size, Alignment alignment) {
 
 void Node::place(Placed&) const {}
 
-void Node::paint(const Placed& self, Painting& painting) const { painting.paintChildren(self); }
+void Node::paint(const Placed& self, Painting& painting) const {
+    painting.paintChildren(self);
+}
 
 QSizeF Wrapper::measure(const Proposal& proposal, const Environment& environment) const {
     return child_->measure(proposal, environment);
@@ -26,9 +28,13 @@ double Wrapper::firstBaseline(const QSizeF& size, const Environment& environment
     return child_->firstBaseline(size, environment);
 }
 
-void Wrapper::place(Placed& self) const { self.add(0, child_, self.rect); }
+void Wrapper::place(Placed& self) const {
+    self.add(0, child_, self.rect);
+}
 
-double Wrapper::priority() const { return child_->priority(); }
+double Wrapper::priority() const {
+    return child_->priority();
+}
 
 namespace {
 
@@ -70,8 +76,8 @@ class PaddingNode final : public Wrapper {
     PaddingNode(View child, Insets insets) : Wrapper(std::move(child)), insets_(insets) {}
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
-        const QSizeF inner = Wrapper::measure(
-            {less(proposal.width, sides()), less(proposal.height, ends())}, env);
+        const QSizeF inner =
+            Wrapper::measure({less(proposal.width, sides()), less(proposal.height, ends())}, env);
         return {inner.width() + sides(), inner.height() + ends()};
     }
     double firstBaseline(const QSizeF& size, const Environment& env) const override {
@@ -111,16 +117,17 @@ class FrameNode final : public Wrapper {
                Wrapper::firstBaseline(inner, env);
     }
     void place(Placed& self) const override {
-        const QSizeF inner = Wrapper::measure(inside({self.rect.width(), self.rect.height()}),
-                                              self.environment);
+        const QSizeF inner =
+            Wrapper::measure(inside({self.rect.width(), self.rect.height()}), self.environment);
         self.add(0, child(), {aligned(self.rect, inner, frame_.alignment), inner});
     }
     std::string description() const override { return "frame"; }
 
  private:
     Proposal inside(const Proposal& proposal) const {
-        return {frame_.width ? frame_.width : proposal.width,
-                frame_.height ? frame_.height : proposal.height};
+        std::optional<double> width = frame_.width ? frame_.width : proposal.width;
+        if (width && frame_.maxWidth) width = std::min(*width, *frame_.maxWidth);
+        return {width, frame_.height ? frame_.height : proposal.height};
     }
     Frame frame_;
 };
@@ -192,11 +199,21 @@ View View::font(Font font) const {
 View View::colour(Colour colour) const {
     return wrap<EnvironmentNode>(*this, std::nullopt, std::optional(colour));
 }
-View View::padding(Insets insets) const { return wrap<PaddingNode>(*this, insets); }
-View View::frame(Frame frame) const { return wrap<FrameNode>(*this, frame); }
-View View::offset(double x, double y) const { return wrap<OffsetNode>(*this, QPointF(x, y)); }
-View View::fixedSize() const { return wrap<FixedSizeNode>(*this); }
-View View::priority(double priority) const { return wrap<PriorityNode>(*this, priority); }
+View View::padding(Insets insets) const {
+    return wrap<PaddingNode>(*this, insets);
+}
+View View::frame(Frame frame) const {
+    return wrap<FrameNode>(*this, frame);
+}
+View View::offset(double x, double y) const {
+    return wrap<OffsetNode>(*this, QPointF(x, y));
+}
+View View::fixedSize() const {
+    return wrap<FixedSizeNode>(*this);
+}
+View View::priority(double priority) const {
+    return wrap<PriorityNode>(*this, priority);
+}
 
 View View::background(View behind) const {
     return wrap<CompanionNode>(*this, std::move(behind), CompanionNode::Layer::behind, centred);

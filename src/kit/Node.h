@@ -42,6 +42,7 @@ class Node {
     virtual double priority() const { return 0; }
 
     virtual const Interaction* interaction() const { return nullptr; }
+    virtual const TextFieldSpec* textField() const { return nullptr; }
 
     /// One word and its arguments, for the text dump: `text "London"`.
     virtual std::string description() const = 0;

@@ -4,7 +4,9 @@
 
 namespace kit {
 
-double Painting::scale() const { return painter_.deviceTransform().m11(); }
+double Painting::scale() const {
+    return painter_.deviceTransform().m11();
+}
 
 QRectF Painting::aligned(const QRectF& rect) const {
     const QTransform toDevice = painter_.deviceTransform();
@@ -20,7 +22,8 @@ void Painting::paint(const Placed& placed) {
 }
 
 void Painting::paintChildren(const Placed& placed) {
-    for (const Placed& child : placed.children) paint(child);
+    for (const Placed& child : placed.children)
+        paint(child);
 }
 
 void Painting::clipped(const QRectF& rect, const std::function<void(Painting&)>& draw) {

@@ -17,7 +17,8 @@ void placeNode(Placed& self) {
     self.node->place(self);
     const double over = self.node->overflow();
     self.bounds = self.rect.adjusted(-over, -over, over, over);
-    for (const Placed& child : self.children) self.bounds |= child.bounds;
+    for (const Placed& child : self.children)
+        self.bounds |= child.bounds;
 }
 
 void dump(const Placed& placed, int depth, std::string& out) {
@@ -27,7 +28,8 @@ void dump(const Placed& placed, int depth, std::string& out) {
     out.append(static_cast<std::size_t>(depth) * 2, ' ');
     out += placed.node->description();
     out += rect;
-    for (const Placed& child : placed.children) dump(child, depth + 1, out);
+    for (const Placed& child : placed.children)
+        dump(child, depth + 1, out);
 }
 
 bool contains(const QRectF& rect, const QPointF& point) {
@@ -75,7 +77,8 @@ std::string dump(const Placed& root) {
 void walk(const Placed& root, const std::function<void(const Placed&)>& visit) {
     if (!root.node) return;
     visit(root);
-    for (const Placed& child : root.children) walk(child, visit);
+    for (const Placed& child : root.children)
+        walk(child, visit);
 }
 
 const Placed* find(const Placed& root, const std::function<bool(const Placed&)>& test) {

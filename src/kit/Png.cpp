@@ -40,8 +40,7 @@ QByteArray encodePng(const QImage& image) {
     }
     std::size_t length = 0;
     int error = 0;
-    const std::unique_ptr<void, Deleter> bytes(
-        spng_get_png_buffer(context.get(), &length, &error));
+    const std::unique_ptr<void, Deleter> bytes(spng_get_png_buffer(context.get(), &length, &error));
     if (!bytes || error != 0) return {};
     return {static_cast<const char*>(bytes.get()), static_cast<qsizetype>(length)};
 }

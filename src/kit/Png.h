@@ -5,8 +5,8 @@
 
 namespace kit {
 
-/// The picture as a PNG file (8-bit RGBA, W3C REC-png), quickly rather than small; empty when it cannot be
-/// encoded..
+/// The picture as a PNG file (8-bit RGBA, W3C REC-png), quickly rather than small; empty when it
+/// cannot be encoded..
 QByteArray encodePng(const QImage& image);
 
 }  // namespace kit

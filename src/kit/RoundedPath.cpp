@@ -65,15 +65,15 @@ void appendCorner(QPainterPath& path, const QPointF& at, int quarterTurns, const
     y += corner.d;
     const double in = (std::numbers::pi / 2 - corner.arcAngle) / 2;
     const double out = in + corner.arcAngle;
-    path.cubicTo(
-        point(x + std::cos(in) * corner.arcHandle, y + std::sin(in) * corner.arcHandle),
-        point(x + corner.arc - std::cos(out) * corner.arcHandle,
-              y + corner.arc - std::sin(out) * corner.arcHandle),
-        point(x + corner.arc, y + corner.arc));
+    path.cubicTo(point(x + std::cos(in) * corner.arcHandle, y + std::sin(in) * corner.arcHandle),
+                 point(x + corner.arc - std::cos(out) * corner.arcHandle,
+                       y + corner.arc - std::sin(out) * corner.arcHandle),
+                 point(x + corner.arc, y + corner.arc));
     x += corner.arc;
     y += corner.arc;
     if (corner.c > 0) {
-        path.cubicTo(point(x + corner.d, y + corner.c), point(x + corner.d, y + corner.b + corner.c),
+        path.cubicTo(point(x + corner.d, y + corner.c),
+                     point(x + corner.d, y + corner.b + corner.c),
                      point(x + corner.d, y + corner.a + corner.b + corner.c));
     }
 }

@@ -10,11 +10,16 @@ namespace {
 
 const char* name(Shape::Kind kind) {
     switch (kind) {
-        case Shape::Kind::rectangle: return "rectangle";
-        case Shape::Kind::rounded: return "rounded";
-        case Shape::Kind::capsule: return "capsule";
-        case Shape::Kind::circle: return "circle";
-        case Shape::Kind::path: return "path";
+        case Shape::Kind::rectangle:
+            return "rectangle";
+        case Shape::Kind::rounded:
+            return "rounded";
+        case Shape::Kind::capsule:
+            return "capsule";
+        case Shape::Kind::circle:
+            return "circle";
+        case Shape::Kind::path:
+            return "path";
     }
     return "shape";
 }
@@ -75,33 +80,44 @@ QPainterPath Shape::path(const QRectF& rect, double inset) const {
     const QRectF inner = rect.adjusted(inset, inset, -inset, -inset);
     QPainterPath result;
     switch (kind_) {
-        case Kind::rectangle: result.addRect(inner); break;
-        case Kind::rounded: return roundedPath(inner, radii_.reduced(inset), style_);
+        case Kind::rectangle:
+            result.addRect(inner);
+            break;
+        case Kind::rounded:
+            return roundedPath(inner, radii_.reduced(inset), style_);
         case Kind::capsule:
             return roundedPath(inner, CornerRadii::all(std::min(inner.width(), inner.height()) / 2),
                                CornerStyle::circular);
-        case Kind::circle: result.addEllipse(largestCircle(inner)); break;
-        case Kind::path: return path_(inner);
+        case Kind::circle:
+            result.addEllipse(largestCircle(inner));
+            break;
+        case Kind::path:
+            return path_(inner);
     }
     return result;
 }
 
 std::optional<double> Shape::cornerSquare(const QRectF& rect) const {
     switch (kind_) {
-        case Kind::rectangle: return 0;
+        case Kind::rectangle:
+            return 0;
         case Kind::rounded: {
             const double largest = std::max(std::max(radii_.topLeft, radii_.topRight),
                                             std::max(radii_.bottomLeft, radii_.bottomRight));
             const double half = std::min(rect.width(), rect.height()) / 2;
             return std::ceil(std::min(cornerReach(largest, style_), half));
         }
-        case Kind::capsule: return std::min(rect.width(), rect.height()) / 2;
+        case Kind::capsule:
+            return std::min(rect.width(), rect.height()) / 2;
         case Kind::circle:
-        case Kind::path: return std::nullopt;
+        case Kind::path:
+            return std::nullopt;
     }
     return std::nullopt;
 }
 
-Shape::operator View() const { return View(std::make_shared<ShapeNode>(*this)); }
+Shape::operator View() const {
+    return View(std::make_shared<ShapeNode>(*this));
+}
 
 }  // namespace kit

@@ -51,10 +51,18 @@ class Shape {
     double strokeWidth_ = 0;
 };
 
-inline Shape rectangle() { return Shape(Shape::Kind::rectangle); }
-inline Shape capsule() { return Shape(Shape::Kind::capsule); }
-inline Shape circle() { return Shape(Shape::Kind::circle); }
-inline Shape path(Shape::PathFunction outline) { return Shape(std::move(outline)); }
+inline Shape rectangle() {
+    return Shape(Shape::Kind::rectangle);
+}
+inline Shape capsule() {
+    return Shape(Shape::Kind::capsule);
+}
+inline Shape circle() {
+    return Shape(Shape::Kind::circle);
+}
+inline Shape path(Shape::PathFunction outline) {
+    return Shape(std::move(outline));
+}
 inline Shape roundedRectangle(double radius, CornerStyle style = CornerStyle::continuous) {
     return {CornerRadii::all(radius), style};
 }

@@ -49,12 +49,16 @@ struct Axis {
 class StackNode final : public Node {
  public:
     StackNode(bool horizontal, Alignment alignment, double spacing, const Views& children)
-        : axis_{horizontal}, alignment_(alignment), spacing_(spacing), children_(flatten(children)) {}
+        : axis_{horizontal},
+          alignment_(alignment),
+          spacing_(spacing),
+          children_(flatten(children)) {}
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
         const std::vector<QSizeF> sizes = childSizes(proposal, env);
         double along = totalSpacing();
-        for (const QSizeF& size : sizes) along += axis_.along(size);
+        for (const QSizeF& size : sizes)
+            along += axis_.along(size);
         if (onBaseline()) return {along, baselines(sizes, env).height};
         double across = 0;
         for (std::size_t i = 0; i < sizes.size(); ++i) {
@@ -77,8 +81,7 @@ class StackNode final : public Node {
 
     void place(Placed& self) const override {
         const Environment& env = self.environment;
-        const std::vector<QSizeF> sizes =
-            childSizes({self.rect.width(), self.rect.height()}, env);
+        const std::vector<QSizeF> sizes = childSizes({self.rect.width(), self.rect.height()}, env);
         const double baseline = onBaseline() ? baselines(sizes, env).baseline : 0;
         double along = axis_.horizontal ? self.rect.left() : self.rect.top();
         for (std::size_t i = 0; i < sizes.size(); ++i) {
@@ -206,8 +209,8 @@ class LayersNode final : public Node {
 
     void place(Placed& self) const override {
         for (const Slot& child : children_) {
-            const QSizeF size = child.view->measure({self.rect.width(), self.rect.height()},
-                                                    self.environment);
+            const QSizeF size =
+                child.view->measure({self.rect.width(), self.rect.height()}, self.environment);
             self.add(child.slot, child.view, {aligned(self.rect, size, alignment_), size});
         }
     }
@@ -235,6 +238,8 @@ View zstack(Alignment alignment, Views children) {
     return View(std::make_shared<LayersNode>(alignment, children));
 }
 
-View spacer(double minimum) { return View(std::make_shared<SpacerNode>(minimum)); }
+View spacer(double minimum) {
+    return View(std::make_shared<SpacerNode>(minimum));
+}
 
 }  // namespace kit

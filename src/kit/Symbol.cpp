@@ -49,14 +49,12 @@ class SymbolNode final : public Node {
         const std::string key = std::string("symbol ") + source_.resource + ' ' +
                                 std::to_string(pixels) + ' ' +
                                 colour.qcolor().name(QColor::HexArgb).toStdString();
-        const QImage& image = painting.tiles().get(
-            key, [&] { return drawSymbol(source_.resource, pixels, colour); });
+        const QImage& image =
+            painting.tiles().get(key, [&] { return drawSymbol(source_.resource, pixels, colour); });
         painting.painter().drawImage(rect, image);
     }
 
-    std::string description() const override {
-        return std::string("symbol ") + source_.resource;
-    }
+    std::string description() const override { return std::string("symbol ") + source_.resource; }
 
  private:
     SymbolSource source_;
@@ -64,6 +62,8 @@ class SymbolNode final : public Node {
 
 }  // namespace
 
-View symbol(SymbolSource source) { return View(std::make_shared<SymbolNode>(source)); }
+View symbol(SymbolSource source) {
+    return View(std::make_shared<SymbolNode>(source));
+}
 
 }  // namespace kit

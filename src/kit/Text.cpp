@@ -81,7 +81,8 @@ class TextNode final : public Node {
 
     std::string description() const override {
         std::string line;
-        for (const Run& run : runs_) line += run.text.toStdString();
+        for (const Run& run : runs_)
+            line += run.text.toStdString();
         return "text \"" + line + "\"";
     }
 
@@ -99,7 +100,8 @@ class TextNode final : public Node {
     // The runs as they fit into `room`: whole, or up to the one that ends with the ellipsis.
     std::vector<Run> fitted(double room, const Environment& env) const {
         double left = 0;
-        for (const Run& run : runs_) left += advance(fontOf(run, env), run.text);
+        for (const Run& run : runs_)
+            left += advance(fontOf(run, env), run.text);
         if (left <= room) return runs_;
         std::vector<Run> shown;
         for (const Run& run : runs_) {
@@ -123,8 +125,14 @@ class TextNode final : public Node {
 
 }  // namespace
 
-View text(std::string_view line) { return text({TextRun{std::string(line)}}); }
-View text(const char* line) { return text(std::string_view(line)); }
-View text(std::vector<TextRun> runs) { return View(std::make_shared<TextNode>(runs)); }
+View text(std::string_view line) {
+    return text({TextRun{std::string(line)}});
+}
+View text(const char* line) {
+    return text(std::string_view(line));
+}
+View text(std::vector<TextRun> runs) {
+    return View(std::make_shared<TextNode>(runs));
+}
 
 }  // namespace kit

@@ -17,8 +17,7 @@ class TextFieldNode final : public Node {
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
         const double ideal = line(env)->measure({}, env).width();
-        return {std::max(leastWidth, proposal.width.value_or(ideal)),
-                metrics(env.font).lineHeight};
+        return {std::max(leastWidth, proposal.width.value_or(ideal)), metrics(env.font).lineHeight};
     }
 
     double firstBaseline(const QSizeF& size, const Environment& env) const override {
@@ -26,6 +25,8 @@ class TextFieldNode final : public Node {
     }
 
     void place(Placed& self) const override { self.add(0, line(self.environment), self.rect); }
+
+    const TextFieldSpec* textField() const override { return &spec_; }
 
     std::string description() const override { return "field"; }
 

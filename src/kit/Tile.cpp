@@ -25,8 +25,8 @@ class TileNode final : public Node {
             painting.paint(layOutAt(self));
             return;
         }
-        const QImage& image = painting.tiles().get(
-            key_ + '@' + std::to_string(scale), [&] { return draw(self, painting, pixels); });
+        const QImage& image = painting.tiles().get(key_ + '@' + std::to_string(scale),
+                                                   [&] { return draw(self, painting, pixels); });
         const QRectF at(painting.aligned(self.rect).topLeft(), size_);
         painting.painter().drawImage(at, image);
     }
@@ -62,8 +62,8 @@ class TileNode final : public Node {
 }  // namespace
 
 View tile(std::string key, QSizeF size, std::string says, std::function<View()> build) {
-    return View(std::make_shared<TileNode>(std::move(key), size, std::move(says),
-                                           std::move(build)));
+    return View(
+        std::make_shared<TileNode>(std::move(key), size, std::move(says), std::move(build)));
 }
 
 }  // namespace kit

@@ -1,0 +1,77 @@
+#include "app/Snapshot.h"
+
+#include <QFile>
+#include <algorithm>
+
+#include "app/Render.h"
+#include "base/Unicode.h"
+#include "views/ribbon/RibbonPanel.h"
+
+namespace noonward {
+namespace {
+
+void write(const std::string& path, const QByteArray& data) {
+    if (data.isEmpty()) return;
+    QFile file(QString::fromStdString(path));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) file.write(data);
+}
+
+void leaveOut(Config& config, std::string_view label) {
+    std::erase_if(config.places, [&](const Place& place) { return place.label == label; });
+}
+
+std::optional<Travel> travelOf(Demonstration::TravelState state, const SystemZone& zone) {
+    if (state == Demonstration::TravelState::ask) return std::nullopt;
+    return Travel{zone.current().identifier(), state == Demonstration::TravelState::here};
+}
+
+// Each step shows a configuration of its own: what is left out first may make another place home.
+void changeConfiguration(const Demonstration& demonstration, Store& store, const SystemZone& zone) {
+    const auto show = [&store](auto edit) {
+        Config config = store.config();
+        edit(config);
+        store.showWithoutSaving(std::move(config));
+    };
+    if (demonstration.five) show([](Config& config) { leaveOut(config, "San Francisco"); });
+    if (demonstration.travel) {
+        show([&](Config& config) { config.travel = travelOf(*demonstration.travel, zone); });
+        // The row for where the computer is may bring a country of its own.
+        store.fetchHolidays();
+    }
+    if (demonstration.roll) show([](Config& config) { config.rolling = true; });
+}
+
+void plan(const Demonstration& demonstration, Store& store) {
+    if (demonstration.column) store.propose(*demonstration.column);
+    if (demonstration.minutes) store.setDuration(*demonstration.minutes);
+    if (demonstration.time) {
+        // As if the user had typed it and pressed Return: what is not understood changes nothing.
+        store.startTyping(*demonstration.time);
+        store.finishTyping(true);
+    }
+    std::set<std::string> hidden = store.hidden();
+    for (const std::string& label : demonstration.hide)
+        hidden.insert(unicode::lowercased(label));
+    store.hidden = hidden;
+    if (demonstration.format) store.format = *demonstration.format;
+}
+
+}  // namespace
+
+void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui,
+                   const SystemZone& zone) {
+    changeConfiguration(demonstration, store, zone);
+    ui.updateReady = demonstration.update;
+    plan(demonstration, store);
+    ui.expanded = true;
+    ui.showTimes = true;
+    ui.panelShown = true;
+
+    const Scheme scheme = demonstration.light ? Scheme::light : Scheme::dark;
+    if (demonstration.ribbon) {
+        const RibbonPanel panel(store, ui, {.solid = true, .demonstration = true});
+        write(*demonstration.ribbon, render(panel.body(scheme)));
+    }
+}
+
+}  // namespace noonward

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "kit/Symbol.h"
+#include "views/ribbon/RibbonContext.h"
+
+namespace noonward {
+
+/// A capsule button, filled when it is the one to press.
+kit::View pill(const Palette& palette, const std::string& title, bool strong,
+               std::function<void()> action);
+
+/// A small button of a symbol and a text; the symbol comes last when `trailing`.
+kit::View nudge(const Palette& palette, kit::SymbolSource symbol, const std::string& title,
+                bool trailing, std::function<void()> action);
+
+/// The meeting lengths, the present one highlighted.
+kit::View durationPicker(const RibbonContext& context);
+
+/// Previous day, the shown date, next day and the way back to today.
+kit::View daySwitcher(const RibbonContext& context);
+
+kit::View copyButton(const RibbonContext& context);
+
+}  // namespace noonward

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "base/Published.h"
+#include "kit/View.h"
+#include "model/Store.h"
+#include "views/NotchUI.h"
+#include "views/theme/PanelChrome.h"
+
+namespace noonward {
+
+/// The main view: every place as a strip of hour cells lined up on the same moment, the controls
+/// bar and the line of hints. It keeps only what the pointer is over; all else is the store's.
+class RibbonPanel {
+ public:
+    struct Options {
+        /// A free-standing picture: round corners all about, texts in place of controls.
+        bool solid = false;
+        bool hints = true;  ///< whether the bottom line is shown
+        /// Pictures for demonstration show travel banner, update notice and settings button even
+        /// when `solid`.
+        bool demonstration = false;
+        Backing backing = Backing::opaque;
+        std::function<void()> onCopyInvite = [] {};
+    };
+
+    RibbonPanel(Store& store, NotchUI& ui, Options options);
+
+    kit::View body(Scheme scheme) const;
+
+    /// Announces when the panel itself has something else to show.
+    Announcer& changes() { return changes_; }
+
+ private:
+    Store& store_;
+    NotchUI& ui_;
+    Options options_;
+    mutable Announcer changes_;
+    mutable Published<std::optional<int>> hoveredRow_{
+        changes_};  ///< id of the row under the pointer
+};
+
+}  // namespace noonward

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "kit/View.h"
+#include "views/theme/Palette.h"
+
+namespace noonward {
+
+/// What lies behind a panel's content.
+enum class Backing {
+    opaque,  ///< the plain tint: pictures, and screens without a compositor
+    frosted  ///< the tint over what the desktop shows, blurred, behind the window
+};
+
+struct PanelChromeSpec {
+    const Palette& palette;
+    bool solid = false;  ///< free-standing: all corners round; otherwise it hangs from an edge
+    Backing backing = Backing::opaque;
+};
+
+/// The frame of every panel around its content, exactly as large as that asks for: brand stripe,
+/// background, corners and border.
+kit::View panelChrome(const PanelChromeSpec& spec, kit::View content);
+
+}  // namespace noonward
