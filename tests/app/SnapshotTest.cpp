@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QProcess>
+#include <filesystem>
+#include <map>
+
+#include "support/TempFolder.h"
+
+// Runs the built program as a person would and looks at what it leaves behind.
+
+namespace noonward::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Every file below a folder with its bytes and its time of change.
+using Contents = std::map<std::string, std::pair<std::string, fs::file_time_type>>;
+
+Contents contents(const fs::path& folder) {
+    Contents result;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        result[entry.path()] = {entry.is_regular_file() ? readText(entry.path()) : "",
+                                entry.last_write_time()};
+    }
+    return result;
+}
+
+constexpr const char* twoPlaces = R"({"places":[
+    {"label":"New York","short":"NYC","zone":"America/New_York"},
+    {"label":"London","short":"LON","zone":"Europe/London","home":true},
+    {"label":"San Francisco","short":"SF","zone":"America/Los_Angeles"}],
+    "notch":["San Francisco"]})";
+
+class Snapshot : public testing::Test {
+ protected:
+    void SetUp() override { fs::create_directories(data() / "Noonward"); }
+
+    fs::path data() const { return folder_.path() / "data"; }
+    fs::path home() const { return folder_.path() / "home"; }
+    fs::path config() const { return data() / "Noonward" / "places.json"; }
+    std::string picture(const char* name) const { return folder_.path() / name; }
+
+    // Runs the program with no display and gives its exit status; it must have nothing to say.
+    int run(const std::map<std::string, std::string>& variables) {
+        QProcess process;
+        QProcessEnvironment environment;
+        environment.insert("PATH", "/usr/bin:/bin");
+        environment.insert("XDG_DATA_HOME", QString::fromStdString(data()));
+        environment.insert("HOME", QString::fromStdString(home()));
+        environment.insert("TZ", "Europe/London");
+        for (const auto& [name, value] : variables) {
+            environment.insert(QString::fromStdString(name), QString::fromStdString(value));
+        }
+        process.setProcessEnvironment(environment);
+        process.start(NOONWARD_PROGRAM);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        said_ = process.readAllStandardError().toStdString();
+        return process.exitCode();
+    }
+
+    TempFolder folder_;
+    std::string said_;
+};
+
+TEST_F(Snapshot, DrawsTheRibbonAndTouchesNothing) {
+    // An old file that any other run would rewrite, and one from before that it would adopt.
+    writeText(config(), twoPlaces);
+    writeText(home() / ".config" / "zones" / "places.json", twoPlaces);
+    writeText(data() / "Noonward" / "places.json.saving", "{ half a fi");
+    const Contents before = contents(data());
+
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("a.png")},
+                   {"NOONWARD_MINUTES", "30"},
+                   {"NOONWARD_TIME", "9am nyc"},
+                   {"NOONWARD_TRAVEL", "here"},
+                   {"NOONWARD_ROLL", "1"}}),
+              0);
+    EXPECT_EQ(said_, "");
+    const QImage image(QString::fromStdString(picture("a.png")));
+    EXPECT_EQ(image.width(), 2392);
+    EXPECT_EQ(contents(data()), before);
+
+    // One place fewer is one row, 56 points and a gap of 8, less.
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("b.png")}}), 0);
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("c.png")}, {"NOONWARD_FIVE", ""}}), 0);
+    EXPECT_EQ(QImage(QString::fromStdString(picture("b.png"))).height() -
+                  QImage(QString::fromStdString(picture("c.png"))).height(),
+              128);
+    EXPECT_EQ(contents(data()), before);
+}
+
+TEST_F(Snapshot, ReadsTheOlderFileWhereItLies) {
+    writeText(home() / ".config" / "zones" / "places.json", twoPlaces);
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("a.png")}}), 0);
+    EXPECT_FALSE(fs::exists(config()));
+    fs::remove_all(home());
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("b.png")}}), 0);
+    // Three places of theirs against four by default.
+    EXPECT_EQ(QImage(QString::fromStdString(picture("b.png"))).height() -
+                  QImage(QString::fromStdString(picture("a.png"))).height(),
+              128);
+}
+
+TEST_F(Snapshot, QuitsWhateverItIsGiven) {
+    EXPECT_EQ(run({{"NOONWARD_WELCOME", ""}}), 0);
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", ""}}), 0);
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", "/nowhere/at/all.png"}}), 0);
+    EXPECT_EQ(said_, "");
+    writeText(config(), "{\"places\": [[[");
+    EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("a.png")},
+                   {"NOONWARD_COL", "12x"},
+                   {"NOONWARD_MINUTES", "99999999999"},
+                   {"NOONWARD_TIME", "\xFF\xFE \x01"},
+                   {"NOONWARD_FORMAT", "13h"},
+                   {"NOONWARD_HIDE", ",,,\xC3,"},
+                   {"TZ", "Not/A_Zone"}}),
+              0);
+    EXPECT_EQ(QImage(QString::fromStdString(picture("a.png"))).width(), 2392);
+}
+
+TEST_F(Snapshot, WithoutDisplayOrPictureItSaysSoAndStops) {
+    EXPECT_EQ(run({}), 1);
+    EXPECT_EQ(std::count(said_.begin(), said_.end(), '\n'), 1) << said_;
+}
+
+}  // namespace
+}  // namespace noonward::test
