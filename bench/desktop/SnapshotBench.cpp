@@ -1,0 +1,68 @@
+// The whole process that draws the user's ribbon to a file, from start to exit, against this same
+// program encoding the same picture with QImage::save.
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "RibbonFixture.h"
+
+namespace {
+
+constexpr const char* picture = "/tmp/noonward-snapshot-bench.png";
+constexpr int runs = 25;
+constexpr double budgetMilliseconds = 60;
+constexpr double budgetRatio = 0.5;
+
+double millisecondsOf(const char* program, const char* argument) {
+    const auto start = std::chrono::steady_clock::now();
+    const pid_t child = fork();
+    if (child == 0) {
+        execl(program, program, argument, nullptr);
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) std::abort();
+    return took.count();
+}
+
+double median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+int saveWithQt(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    noonward::registerFonts();
+    const noonward::bench::RibbonFixture fixture;
+    return fixture.picture().save(QString::fromLatin1(picture), "PNG") ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc > 1 && std::string(argv[1]) == "--with-qt") return saveWithQt(argc, argv);
+
+    setenv("NOONWARD_SNAPSHOT", picture, 1);
+    std::vector<double> ours;
+    std::vector<double> withQt;
+    for (int i = 0; i < runs; ++i) {
+        ours.push_back(millisecondsOf(NOONWARD_PROGRAM, nullptr));
+        withQt.push_back(millisecondsOf(argv[0], "--with-qt"));
+    }
+    std::remove(picture);
+    const double ratio = median(ours) / median(withQt);
+    std::printf("snapshot process: %.1f ms (budget %g)\n", median(ours), budgetMilliseconds);
+    std::printf("snapshot process: ours/QImage::save = %.3f (budget %g)\n", ratio, budgetRatio);
+    return ratio <= budgetRatio ? 0 : 1;
+}
