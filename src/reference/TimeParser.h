@@ -33,7 +33,9 @@ namespace TimeParser {
 /// characters is not.
 std::optional<Instant> parse(std::string_view text, const TimeContext& context);
 
-/// The zone a place phrase names ("in new york time"), the home zone for an empty one.
+/// The zone that a place phrase in lower case names ("in new york time"): by a row's short label or
+/// the beginning of its label, a usual abbreviation, a city's short code, or the city search. The
+/// home zone for an empty phrase.
 std::optional<TimeZone> zone(std::string_view phrase, const TimeContext& context);
 
 }  // namespace TimeParser

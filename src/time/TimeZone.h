@@ -54,9 +54,7 @@ class TimeZone {
     std::string abbreviation(Instant at) const;
 
     /// Zones are the same when their identifiers are.
-    friend bool operator==(const TimeZone& a, const TimeZone& b) {
-        return a.identifier() == b.identifier();
-    }
+    friend bool operator==(const TimeZone& a, const TimeZone& b) { return a.data_ == b.data_; }
 
     /// A stretch of time during which the offset does not change: [from, until). It is as long as
     /// can be up to the year 2400; later ones are cut to a day on either side of the instant.

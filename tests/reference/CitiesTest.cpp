@@ -111,8 +111,9 @@ TEST(CitySearch, FindsWhatTheRuleFinds) {
         {"Newer", "Asia", "Asia/Kolkata", "NEW", {}},
         {"Newer", "Asia", "Asia/Tokyo", "NEW", {}},
     };
+    const std::vector<City> none;
     const std::pair<const std::vector<City>&, const std::vector<City>&> lists[] = {
-        {odd, oddZones}, {Cities::curated(), Cities::zones()}, {oddZones, odd}, {odd, {}}};
+        {odd, oddZones}, {Cities::curated(), Cities::zones()}, {oddZones, odd}, {odd, none}};
     for (const auto& [curated, zones] : lists) {
         const CityIndex index(curated, zones);
         std::set<std::string> queries = manyQueries(curated);

@@ -105,7 +105,8 @@ std::string disagreement(const Calendar& calendar, Seconds at, const Changes& ch
     if (calendar.startOfHour(instant(at)) != instant(hour)) return "start of hour";
 
     constexpr std::array times = {0, 30, 90, 150, 23 * 60 + 15};
-    for (const int days : {-1, 0, 1}) {
+    const int reach = inForce(changes, at)->at == at ? 1 : 0;
+    for (int days = -reach; days <= reach; ++days) {
         for (const int minute : times) {
             const Seconds reading = today + days * day + minute * 60;
             const auto set = calendar.timeOfDay(instant(at), days, minute / 60, minute % 60);
