@@ -15,25 +15,9 @@ namespace {
 constexpr std::size_t favouritesKept = 2;
 constexpr std::size_t otherDefaultPlaces = 3;
 
-/// A name for the place where the computer is: the catalogue's city of that zone, else what the
-/// identifier ends with ("Pacific/Chatham" gives "Chatham").
-std::string homeLabel(const std::string& zone) {
-    const auto& cities = Cities::curated();
-    const auto city = std::find_if(cities.begin(), cities.end(),
-                                   [&](const City& candidate) { return candidate.zone == zone; });
-    if (city != cities.end()) return city->name;
-
-    const auto last = zone.find_last_not_of('/');
-    if (last == std::string::npos) return "Home";
-    const auto slash = zone.rfind('/', last);
-    const auto start = slash == std::string::npos ? 0 : slash + 1;
-    std::string label = zone.substr(start, last + 1 - start);
-    std::replace(label.begin(), label.end(), '_', ' ');
-    return label;
-}
-
 std::vector<Place> defaultPlaces(const std::string& here) {
-    const std::string label = homeLabel(here);
+    const std::string name = Cities::nameOfZone(here);
+    const std::string label = name.empty() ? "Home" : name;
     std::vector<Place> places{
         {.label = label, .shortName = shortLabel(label), .zone = "", .home = true}};
     const Place candidates[] = {

@@ -92,7 +92,7 @@ const Store::Derived& Store::derived() const {
 
 const Whereabouts& Store::whereabouts() const {
     const TimeZone here = services_.zone.current();
-    if (!whereabouts_ || !(whereabouts_->here == here))
+    if (!whereabouts_ || whereabouts_->here != here)
         whereabouts_ = noonward::whereabouts(config(), here);
     return *whereabouts_;
 }

@@ -7,17 +7,6 @@
 
 namespace noonward {
 
-namespace {
-
-/// "Buenos Aires" for "America/Argentina/Buenos_Aires"
-std::string lastPiece(const std::string& identifier) {
-    std::string piece = identifier.substr(identifier.rfind('/') + 1);
-    std::replace(piece.begin(), piece.end(), '_', ' ');
-    return piece;
-}
-
-}  // namespace
-
 TimeZone homeZone(const Config& config, const TimeZone& here) {
     if (const std::size_t home = config.homeIndex(); home < config.places.size())
         if (const auto zone = TimeZone::find(config.places[home].zone)) return *zone;
@@ -33,20 +22,18 @@ std::string homeName(const Config& config) {
 
 std::string hereName(const Config& config, const TimeZone& here) {
     const std::string& zone = here.identifier();
-    const auto isHere = [&](const auto& candidate) { return candidate.zone == zone; };
-    const auto place = std::find_if(config.places.begin(), config.places.end(), isHere);
+    const auto place = std::find_if(config.places.begin(), config.places.end(),
+                                    [&](const Place& known) { return known.zone == zone; });
     if (place != config.places.end()) return place->label;
-    const auto& cities = Cities::curated();
-    const auto city = std::find_if(cities.begin(), cities.end(), isHere);
-    if (city != cities.end()) return city->name;
-    return lastPiece(zone);
+    const std::string name = Cities::nameOfZone(zone);
+    return name.empty() ? zone : name;
 }
 
 Whereabouts whereabouts(const Config& config, const TimeZone& here) {
     const TimeZone home = homeZone(config, here);
     const auto& known = config.homeZones;
     const bool knownHere = std::find(known.begin(), known.end(), here.identifier()) != known.end();
-    return {.here = here, .home = home, .elsewhere = !(here == home) && !knownHere};
+    return {.here = here, .home = home, .elsewhere = here != home && !knownHere};
 }
 
 bool planningHere(const std::optional<Travel>& travel, const Whereabouts& where, Instant at) {

@@ -31,6 +31,13 @@ std::vector<std::string_view> split(std::string_view whole, char separator, Empt
     return pieces;
 }
 
+/// "Buenos Aires" for the last of the pieces of "America/Argentina/Buenos_Aires"
+std::string cityName(std::string_view piece) {
+    std::string name(piece);
+    std::replace(name.begin(), name.end(), '_', ' ');
+    return name;
+}
+
 }  // namespace
 
 const std::vector<City>& curated() {
@@ -41,6 +48,15 @@ const std::vector<City>& curated() {
 const std::vector<City>& zones() {
     static const std::vector<City> cities = citiesOfZones(TimeZone::listed());
     return cities;
+}
+
+std::string nameOfZone(std::string_view identifier) {
+    const auto& cities = curated();
+    const auto city = std::find_if(cities.begin(), cities.end(),
+                                   [&](const City& known) { return known.zone == identifier; });
+    if (city != cities.end()) return city->name;
+    const auto pieces = split(identifier, '/', Empty::drop);
+    return pieces.empty() ? std::string() : cityName(pieces.back());
 }
 
 std::string_view catalogueText() {
@@ -68,8 +84,7 @@ std::vector<City> citiesOfZones(const std::vector<std::string>& identifiers) {
         if (pieces.size() < 2) continue;
         const auto& groups = groupsOfOlderNames;
         if (std::find(groups.begin(), groups.end(), pieces.front()) != groups.end()) continue;
-        std::string name(pieces.back());
-        std::replace(name.begin(), name.end(), '_', ' ');
+        const std::string name = cityName(pieces.back());
         cities.push_back({.name = name,
                           .country = std::string(pieces.front()),
                           .zone = identifier,

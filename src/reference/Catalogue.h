@@ -15,6 +15,10 @@ const std::vector<City>& curated();
 /// New York in "America". Built on first use; lives as long as the process.
 const std::vector<City>& zones();
 
+/// A name for where a zone is: the first city of the catalogue in it, else what its identifier ends
+/// with ("Pacific/Chatham" gives "Chatham"); empty for an identifier of slashes only.
+std::string nameOfZone(std::string_view identifier);
+
 /// The text of the catalogue: a row a line, "name|country|zone|short|alias|alias...".
 std::string_view catalogueText();
 
