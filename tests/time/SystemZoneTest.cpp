@@ -1,34 +1,26 @@
 #include "time/SystemZone.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "support/LibraryZone.h"
+#include "support/TempFolder.h"
 
 namespace noonward {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder that stands for the root of a computer's files, gone after the test.
+/// A folder stands for the root of a computer's files.
 class SystemZoneTest : public testing::Test {
  protected:
-    SystemZoneTest() {
-        std::string name = (fs::temp_directory_path() / "noonward-root-XXXXXX").string();
-        root_ = mkdtemp(name.data());
-        fs::create_directories(root_ / "etc");
-    }
-    ~SystemZoneTest() override { fs::remove_all(root_); }
-
     void link(const fs::path& from, const fs::path& to) {
-        fs::create_directories((root_ / from).parent_path());
-        fs::remove(root_ / from);
+        fs::create_directories((root_ / from.string()).parent_path());
+        fs::remove(root_ / from.string());
         fs::create_symlink(to, root_ / from);
     }
     void write(const fs::path& name, const std::string& text) {
@@ -36,10 +28,10 @@ class SystemZoneTest : public testing::Test {
         std::ofstream(root_ / name) << text;
     }
     std::string zone(const char* variable = nullptr) const {
-        return systemZone(root_, variable).identifier();
+        return systemZone(root_.path(), variable).identifier();
     }
 
-    fs::path root_;
+    test::TempFolder root_;
 };
 
 TEST_F(SystemZoneTest, FollowsTheVariableThenTheLinkThenTheFile) {
