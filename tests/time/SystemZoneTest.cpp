@@ -18,14 +18,14 @@ namespace fs = std::filesystem;
 /// A folder stands for the root of a computer's files.
 class SystemZoneTest : public testing::Test {
  protected:
-    void link(const fs::path& from, const fs::path& to) {
-        fs::create_directories((root_ / from.string()).parent_path());
-        fs::remove(root_ / from.string());
+    void link(const char* from, const char* to) {
+        write(from, {});
+        fs::remove(root_ / from);
         fs::create_symlink(to, root_ / from);
     }
-    void write(const fs::path& name, const std::string& text) {
+    void write(const char* name, std::string_view text) {
         fs::remove(root_ / name);
-        std::ofstream(root_ / name) << text;
+        test::writeText(root_ / name, text);
     }
     std::string zone(const char* variable = nullptr) const {
         return systemZone(root_.path(), variable).identifier();
