@@ -51,6 +51,15 @@ void FileOperations::createFolders(const std::filesystem::path& path) {
     std::filesystem::create_directories(path, ignored);
 }
 
+bool FileOperations::writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t done = write(descriptor, bytes.data(), bytes.size());
+        if (done <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(done));
+    }
+    return true;
+}
+
 FileOperations& FileOperations::system() {
     static FileOperations operations;
     return operations;

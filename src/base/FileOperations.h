@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string_view>
 
 namespace noonward {
 
@@ -28,6 +29,9 @@ class FileOperations {
     virtual int remove(const std::filesystem::path& path);
     /// Creates a folder with those above it.
     virtual void createFolders(const std::filesystem::path& path);
+
+    /// Writes all of it, in as many calls as that takes; false when one fails.
+    bool writeAll(int descriptor, std::string_view bytes);
 
     /// The system's own.
     static FileOperations& system();

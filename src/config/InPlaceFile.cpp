@@ -115,7 +115,7 @@ bool InPlaceFile::overwrite(Descriptor file, std::string text, const FileContent
     // Never truncated first: the spaces keep each moment's content as long as old or new text.
     const std::size_t length = text.size();
     text.resize(std::max(length, old.bytes.size()), ' ');
-    if (!writeAll(file, text)) return false;
+    if (!operations_.writeAll(file.number(), text)) return false;
     if (text.size() > length)
         operations_.ftruncate(file.number(), static_cast<off_t>(length));  // else spaces stay
     // The one wait for the disk in a save. Before it `.saving` must not go: a power cut could then
@@ -129,18 +129,10 @@ bool InPlaceFile::writeNewFile(const std::filesystem::path& path, std::string_vi
                                Flush flushed) {
     const Descriptor file(operations_.openForWriting(path, O_CREAT | O_EXCL));
     if (!file) return false;
-    if (writeAll(file, text) && (flushed == Flush::no || flush(file))) return true;
+    if (operations_.writeAll(file.number(), text) && (flushed == Flush::no || flush(file)))
+        return true;
     operations_.remove(path);
     return false;
-}
-
-bool InPlaceFile::writeAll(const Descriptor& file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t done = operations_.write(file.number(), bytes.data(), bytes.size());
-        if (done <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(done));
-    }
-    return true;
 }
 
 /// Waits for the disk. Only errors that say the bytes did not get there count: some file systems

@@ -46,7 +46,6 @@ class InPlaceFile {
     bool overwrite(Descriptor file, std::string text, const FileContents& old);
     enum class Flush { no, yes };
     bool writeNewFile(const std::filesystem::path& path, std::string_view text, Flush);
-    bool writeAll(const Descriptor& file, std::string_view bytes);
     bool flush(const Descriptor& file);
     bool isWorthKeeping(const FileContents& old, std::string_view text) const;
     bool copyAside(const std::string& bytes);

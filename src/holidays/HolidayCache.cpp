@@ -74,12 +74,7 @@ std::string encode(const CachedHolidays& cached) {
 bool writeNewFile(const std::filesystem::path& path, std::string_view text,
                   FileOperations& operations) {
     const Descriptor file(operations.openForWriting(path, O_CREAT | O_EXCL));
-    while (file && !text.empty()) {
-        const ssize_t done = operations.write(file.number(), text.data(), text.size());
-        if (done <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(done));
-    }
-    return static_cast<bool>(file);
+    return file && operations.writeAll(file.number(), text);
 }
 
 }  // namespace

@@ -13,11 +13,11 @@
 
 namespace noonward {
 
-void PrintTo(const Holiday& holiday, std::ostream* out) {
+static void PrintTo(const Holiday& holiday, std::ostream* out) {
     *out << holiday.name << (holiday.regional ? " in " + *holiday.regional : "");
 }
 
-void PrintTo(const DayKey& day, std::ostream* out) {
+static void PrintTo(const DayKey& day, std::ostream* out) {
     *out << day.text();
 }
 
