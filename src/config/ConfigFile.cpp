@@ -42,8 +42,10 @@ ConfigFile::ConfigFile(ConfigPaths paths, Access access, FileOperations& operati
     : paths_(std::move(paths)), access_(access), operations_(operations) {}
 
 Config ConfigFile::load(const TimeZone& here) {
+    taken_ = false;
     FileContents contents = read();
-    if (contents.state == State::tooLarge) return Config::defaults(here);
+    if (contents.state == State::tooLarge || contents.state == State::failed)
+        return Config::defaults(here);
     if (contents.state != State::read) {
         Config config = Config::defaults(here).tidied(here);
         save(config);
@@ -52,6 +54,7 @@ Config ConfigFile::load(const TimeZone& here) {
     const auto stored = decodeConfig(contents.bytes, here);
     if (!stored) return Config::defaults(here);
     known_ = std::move(contents.bytes);
+    taken_ = true;
     Config config = stored->config.tidied(here);
     if (!isInCurrentForm(*stored, config)) save(config);
     return config;
@@ -60,7 +63,10 @@ Config ConfigFile::load(const TimeZone& here) {
 void ConfigFile::save(const Config& config) {
     if (access_ == Access::readOnly || paths_.file.empty()) return;
     std::string text = encodeConfig(config);
-    inPlaceFile().write(text);
+    const auto replaceable = [this](std::string_view bytes) {
+        return bytes == known_ || (taken_ && isConfiguration(bytes));
+    };
+    if (inPlaceFile().write(text, replaceable)) taken_ = true;
     known_ = std::move(text);
 }
 
@@ -74,16 +80,18 @@ FileContents ConfigFile::read() {
     if (contents.state != State::missing || paths_.oldFile.empty()) return contents;
 
     FileContents old = readRegularFile(paths_.oldFile, largestFile);
-    if (access_ == Access::readOnly) return old;
-    if (old.state == State::read) file.write(old.bytes);
+    if (access_ == Access::readOnly || old.state == State::failed) return old;
+    if (old.state == State::read) file.write(old.bytes, [](std::string_view) { return false; });
     return file.read();
 }
 
+bool ConfigFile::isConfiguration(std::string_view text) const {
+    return text == known_ || decodeConfig(text, TimeZone::utc()).has_value();
+}
+
 InPlaceFile ConfigFile::inPlaceFile() {
-    const auto isConfiguration = [this](std::string_view text) {
-        return text == known_ || decodeConfig(text, TimeZone::utc()).has_value();
-    };
-    return {paths_.file, largestFile, isConfiguration, operations_};
+    return {paths_.file, largestFile,
+            [this](std::string_view text) { return isConfiguration(text); }, operations_};
 }
 
 }  // namespace noonward

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/FileOperations.h"
 #include "base/ReadFile.h"
@@ -41,12 +42,13 @@ class ConfigFile {
     /// computer's zone, from which defaults are made.
     Config load(const TimeZone& here);
 
-    /// Writes the configuration as it is. A file that could not be read back is put aside as
-    /// places.json.unreadable first.
+    /// Writes the configuration as it is. A file that the last load could not take in is put aside
+    /// as places.json.unreadable first.
     void save(const Config& config);
 
  private:
     FileContents read();
+    bool isConfiguration(std::string_view text) const;
     InPlaceFile inPlaceFile();
 
     ConfigPaths paths_;
@@ -54,6 +56,9 @@ class ConfigFile {
     FileOperations& operations_;
     /// A text that is a configuration, for it was read or written last: spares decoding it again.
     std::optional<std::string> known_;
+    /// Whether nothing in the file is unknown to whoever saves: the last load took in all there
+    /// was.
+    bool taken_ = true;
 };
 
 }  // namespace noonward

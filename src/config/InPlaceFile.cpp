@@ -27,6 +27,15 @@ std::filesystem::path asideName(const std::filesystem::path& path, int number) {
     return withSuffix(path, number == 1 ? ".unreadable" : ".unreadable." + std::to_string(number));
 }
 
+bool holdsText(const FileContents& contents) {
+    return contents.state == State::read && !contents.bytes.empty();
+}
+
+/// Whether a broken file is one that was being overwritten with `text`.
+bool beganAs(std::string_view bytes, std::string_view text) {
+    return text.size() >= sector && bytes.substr(0, sector) == text.substr(0, sector);
+}
+
 bool isFree(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::symlink_status(path, ignored).type() ==
@@ -66,14 +75,14 @@ bool InPlaceFile::recover() {
     return false;
 }
 
-bool InPlaceFile::write(std::string_view text) {
+bool InPlaceFile::write(std::string_view text, const Accepts& replaceable) {
     if (text.size() > limit_) return false;
     operations_.createFolders(path_.parent_path());
     if (!recover()) return false;
 
     const FileContents old = readRegularFile(path_, limit_);
     if (old.state == State::failed) return false;
-    if (isWorthKeeping(old, text) && !copyAside(old.bytes)) return false;
+    if (holdsText(old) && !replaceable(old.bytes) && !copyAside(old.bytes)) return false;
 
     // Opened before anything is changed: a file that may not be written stays, with no `.saving`
     // beside it that would stand for it from now on.
@@ -100,7 +109,8 @@ FileContents InPlaceFile::readSaving() const {
 bool InPlaceFile::finish(const std::string& text) {
     const FileContents old = readRegularFile(path_, limit_);
     if (old.state == State::failed) return false;
-    if (isWorthKeeping(old, text) && !copyAside(old.bytes)) return false;
+    const bool isOurs = !holdsText(old) || accepts_(old.bytes) || beganAs(old.bytes, text);
+    if (!isOurs && !copyAside(old.bytes)) return false;
     return overwrite(Descriptor(), text, old);
 }
 
@@ -116,8 +126,8 @@ bool InPlaceFile::overwrite(Descriptor file, std::string text, const FileContent
     const std::size_t length = text.size();
     text.resize(std::max(length, old.bytes.size()), ' ');
     if (!operations_.writeAll(file.number(), text)) return false;
-    if (text.size() > length)
-        operations_.ftruncate(file.number(), static_cast<off_t>(length));  // else spaces stay
+    // Where this fails spaces stay; where another program has lengthened the file, its tail goes.
+    operations_.ftruncate(file.number(), static_cast<off_t>(length));
     // The one wait for the disk in a save. Before it `.saving` must not go: a power cut could then
     // leave a new length with old bytes.
     if (!flush(file)) return false;
@@ -140,14 +150,6 @@ bool InPlaceFile::writeNewFile(const std::filesystem::path& path, std::string_vi
 bool InPlaceFile::flush(const Descriptor& file) {
     if (operations_.fdatasync(file.number()) == 0) return true;
     return errno != EIO && errno != ENOSPC && errno != EDQUOT;
-}
-
-/// Whether overwriting a file would lose something: it holds bytes that are no text of ours, nor
-/// one that was being overwritten with `text`.
-bool InPlaceFile::isWorthKeeping(const FileContents& old, std::string_view text) const {
-    if (old.state != State::read || old.bytes.empty() || accepts_(old.bytes)) return false;
-    const std::string_view bytes = old.bytes;
-    return text.size() < sector || bytes.substr(0, sector) != text.substr(0, sector);
 }
 
 bool InPlaceFile::copyAside(const std::string& bytes) {

@@ -14,8 +14,10 @@ namespace noonward {
 
 /// A small text file that is overwritten in place, so that links to it, its owner and its mode
 /// stay, and that yet is never lost: the whole new text goes into `<file>.saving` first, then over
-/// the file, then `.saving` goes. Stopped anywhere in between, the next look finds the old text or
-/// the new one. Before a save returns, what it wrote has reached the disk.
+/// the file, then `.saving` goes. A program stopped anywhere in between leaves the old text or the
+/// new one for the next look. Before a save returns, what it wrote has reached the disk; a power
+/// cut before that is the one thing that can tear a text longer than a page, for only one of the
+/// two copies is waited for.
 class InPlaceFile {
  public:
     /// Whether a text is what such a file may hold. Of a text that it takes it must refuse each
@@ -35,10 +37,10 @@ class InPlaceFile {
     bool recover();
 
     /// Writes a text; false when that failed. The file then is as it was, or, if that failed
-    /// half-way, will be finished by a later `recover`. What stands there and is not accepted is
-    /// put aside as `<file>.unreadable`, numbered, never over an earlier one: copied, or moved if
-    /// it cannot be read.
-    bool write(std::string_view text);
+    /// half-way, will be finished by a later `recover`. What stands there and is not `replaceable`
+    /// is put aside as `<file>.unreadable`, numbered, never over an earlier one: copied, or moved
+    /// if it cannot be read.
+    bool write(std::string_view text, const Accepts& replaceable);
 
  private:
     FileContents readSaving() const;
@@ -47,7 +49,6 @@ class InPlaceFile {
     enum class Flush { no, yes };
     bool writeNewFile(const std::filesystem::path& path, std::string_view text, Flush);
     bool flush(const Descriptor& file);
-    bool isWorthKeeping(const FileContents& old, std::string_view text) const;
     bool copyAside(const std::string& bytes);
     bool moveAside(const std::filesystem::path& path);
 

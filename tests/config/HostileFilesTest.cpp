@@ -38,6 +38,11 @@ TEST(HostileFilesTest, WhatCannotBeDecodedIsPutAsideByTheNextSave) {
     } cases[] = {
         {"no JSON", "hello"},
         {"half of a file", encodeConfig(exampleConfig()).substr(0, 300)},
+        {"an error near the end of defaults edited by hand",
+         [] {
+             std::string text = encodeConfig(defaults());
+             return text.insert(text.rfind(']'), ",");
+         }()},
         {"a NUL and more", encodeConfig(exampleConfig()) + std::string("\0notes", 6)},
         {"all zero", std::string(4096, '\0')},
         {"ill-formed UTF-8", "{\"hourFormat\":\"\xC3\x28\"}"},
@@ -270,6 +275,30 @@ TEST(HostileFilesTest, ManyFavouritesAreMatchedInNoTime) {
     ConfigHome home;
     writeText(home.paths.file, text);
     EXPECT_EQ(home.load().places.size(), 14'001u);
+}
+
+// For a moment nothing can be opened; what lay there unread must survive the saves that follow.
+TEST(HostileFilesTest, WhatCouldNotBeReadForAMomentIsNotOverwritten) {
+    ConfigHome home;
+    home.file.save(exampleConfig());
+    const std::string before = home.text();
+
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+    const rlimit none{0, limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const Config loaded = home.load();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+    EXPECT_EQ(loaded, defaults());
+    EXPECT_EQ(home.text(), before);
+
+    home.file.save(loaded);
+    EXPECT_EQ(home.load(), loaded.tidied(kolkata()));
+    EXPECT_EQ(readText(home.beside(".unreadable")), before);
+
+    // Once that has happened saves are again nothing but saves.
+    home.file.save(exampleConfig());
+    EXPECT_EQ(home.names(), (Texts{"places.json", "places.json.unreadable"}));
 }
 
 }  // namespace
