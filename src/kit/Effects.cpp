@@ -94,9 +94,13 @@ class ClipNode final : public Wrapper {
 
  private:
     void cut(const Placed& self, Painting& painting, const QRectF& whole,
-             const QRectF& part) const {
+             const QRectF& corner) const {
+        const QRectF part = painting.aligned(corner);
         painting.layer(
-            part, [&](Painting& inside) { inside.paintChildren(self); },
+            part,
+            [&](Painting& inside) {
+                inside.clipped(part, [&](Painting& clipped) { clipped.paintChildren(self); });
+            },
             [&](QPainter& painter, QImage&) {
                 QPainterPath outside;
                 outside.addRect(part.adjusted(-1, -1, 1, 1));
@@ -160,11 +164,16 @@ class ShadowNode final : public Wrapper {
         painting.layer(
             self.bounds, [&](Painting& inside) { inside.paintChildren(self); },
             [&](QPainter& painter, QImage& image) {
-                painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-                painter.fillRect(self.bounds, colour_.qcolor());
                 painter.end();
-                blur(image, radius_ / 2 * painting.scale());
-            });
+                // Only the outline glows, so one channel is enough.
+                QImage outline = image.convertToFormat(QImage::Format_Alpha8);
+                blur(outline, radius_ / 2 * painting.scale());
+                image.fill(colour_.qcolor());
+                QPainter colouring(&image);
+                colouring.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+                colouring.drawImage(0, 0, outline);
+            },
+            overflow());
         painting.paintChildren(self);
     }
     std::string description() const override { return "shadow"; }

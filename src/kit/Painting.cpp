@@ -3,6 +3,21 @@
 #include <cmath>
 
 namespace kit {
+namespace {
+
+// Halves go the same way on both sides of zero: a layer shifts coordinates, and what lies half in
+// it must not jump by a pixel there.
+double nearestPixel(double device) {
+    return std::floor(device + 0.5);
+}
+
+// Rounding noise must not cost a pixel more.
+QRect coveredPixels(const QRectF& device) {
+    constexpr double noise = 1e-6;
+    return device.adjusted(noise, noise, -noise, -noise).toAlignedRect();
+}
+
+}  // namespace
 
 double Painting::scale() const {
     return painter_.deviceTransform().m11();
@@ -12,8 +27,8 @@ QRectF Painting::aligned(const QRectF& rect) const {
     const QTransform toDevice = painter_.deviceTransform();
     if (toDevice.type() > QTransform::TxScale) return rect;
     const QRectF device = toDevice.mapRect(rect);
-    const QPointF from(std::round(device.left()), std::round(device.top()));
-    const QPointF to(std::round(device.right()), std::round(device.bottom()));
+    const QPointF from(nearestPixel(device.left()), nearestPixel(device.top()));
+    const QPointF to(nearestPixel(device.right()), nearestPixel(device.bottom()));
     return toDevice.inverted().mapRect(QRectF(from, to));
 }
 
@@ -37,10 +52,11 @@ void Painting::clipped(const QRectF& rect, const std::function<void(Painting&)>&
 }
 
 void Painting::layer(const QRectF& bounds, const std::function<void(Painting&)>& draw,
-                     const std::function<void(QPainter&, QImage&)>& finish) {
+                     const std::function<void(QPainter&, QImage&)>& finish, double reach) {
     const QTransform toDevice = painter_.deviceTransform();
-    const QRect device = toDevice.mapRect(bounds & clip_).toAlignedRect();
-    if (device.isEmpty()) return;
+    const QRectF drawn = bounds & clip_.adjusted(-reach, -reach, reach, reach);
+    const QRect device = coveredPixels(toDevice.mapRect(drawn));
+    if (device.isEmpty() || !bounds.intersects(clip_)) return;
 
     QImage image(device.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -48,7 +64,7 @@ void Painting::layer(const QRectF& bounds, const std::function<void(Painting&)>&
         QPainter painter(&image);
         painter.setRenderHints(painter_.renderHints());
         painter.setTransform(toDevice * QTransform::fromTranslate(-device.x(), -device.y()));
-        Painting painting(painter, tiles_, bounds & clip_);
+        Painting painting(painter, tiles_, drawn);
         draw(painting);
         painter.setOpacity(1);
         finish(painter, image);

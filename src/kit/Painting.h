@@ -18,6 +18,9 @@ class Painting {
     QPainter& painter() { return painter_; }
     Tiles& tiles() { return tiles_; }
 
+    /// Outside of this nothing is seen, in points.
+    const QRectF& clip() const { return clip_; }
+
     /// Device pixels per point, horizontally.
     double scale() const;
 
@@ -32,8 +35,10 @@ class Painting {
     void clipped(const QRectF& rect, const std::function<void(Painting&)>& draw);
 
     /// Draws into a picture of its own, lets `finish` work on it, and lays it over what is there.
+    /// `reach` is how far, in points, `finish` carries what is drawn: that much is drawn beyond
+    /// the clip as well.
     void layer(const QRectF& bounds, const std::function<void(Painting&)>& draw,
-               const std::function<void(QPainter&, QImage&)>& finish);
+               const std::function<void(QPainter&, QImage&)>& finish, double reach = 0);
 
  private:
     QPainter& painter_;

@@ -90,13 +90,17 @@ const Placed* find(const Placed& root, const std::function<bool(const Placed&)>&
     return nullptr;
 }
 
-const Placed* hit(const Placed& root, const QPointF& point,
-                  const std::function<bool(const Placed&)>& test) {
-    if (!root.node || !contains(root.bounds, point)) return nullptr;
+std::vector<const Placed*> hit(const Placed& root, const QPointF& point,
+                               const std::function<bool(const Placed&)>& test) {
+    if (!root.node || !contains(root.bounds, point)) return {};
     for (auto child = root.children.rbegin(); child != root.children.rend(); ++child) {
-        if (const Placed* found = hit(*child, point, test)) return found;
+        std::vector<const Placed*> path = hit(*child, point, test);
+        if (path.empty()) continue;
+        path.insert(path.begin(), &root);
+        return path;
     }
-    return contains(root.rect, point) && test(root) ? &root : nullptr;
+    if (contains(root.rect, point) && test(root)) return {&root};
+    return {};
 }
 
 }  // namespace kit

@@ -43,8 +43,9 @@ void walk(const Placed& root, const std::function<void(const Placed&)>& visit);
 /// The first node below (or at) `root`, parents first, that satisfies `test`; null without one.
 const Placed* find(const Placed& root, const std::function<bool(const Placed&)>& test);
 
-/// The innermost node under a point that satisfies `test`, the one painted last first.
-const Placed* hit(const Placed& root, const QPointF& point,
-                  const std::function<bool(const Placed&)>& test);
+/// The nodes under a point from the root down to the innermost one that satisfies `test`; where
+/// several do side by side, the one painted last. Empty when none does.
+std::vector<const Placed*> hit(const Placed& root, const QPointF& point,
+                               const std::function<bool(const Placed&)>& test);
 
 }  // namespace kit

@@ -48,7 +48,8 @@ class ShapeNode final : public Node {
                 painter.fillPath(shape_.path(rect), shape_.fillColour()->qcolor());
             }
         }
-        if (shape_.strokeColour() && shape_.strokeColour()->alpha > 0) {
+        if (shape_.strokeColour() && shape_.strokeColour()->alpha > 0 &&
+            !hasOnlyInside(rect, painting.clip())) {
             QPen pen(shape_.strokeColour()->qcolor(), shape_.strokeWidth());
             pen.setJoinStyle(Qt::MiterJoin);
             painter.strokePath(shape_.path(rect, shape_.strokeWidth() / 2), pen);
@@ -58,6 +59,17 @@ class ShapeNode final : public Node {
     std::string description() const override { return name(shape_.kind()); }
 
  private:
+    // Whether all that is to be painted lies clear of the line and its corners: stroking a long
+    // outline costs the same however little of it is seen.
+    bool hasOnlyInside(const QRectF& rect, const QRectF& clip) const {
+        const std::optional<double> corner = shape_.cornerSquare(rect);
+        if (!corner) return false;
+        const double line = shape_.strokeWidth() + 1;
+        const double side = std::max(line, *corner);
+        return rect.adjusted(side, line, -side, -line).contains(clip) ||
+               rect.adjusted(line, side, -line, -side).contains(clip);
+    }
+
     Shape shape_;
 };
 

@@ -18,10 +18,18 @@ const QString& ellipsis() {
     return text;
 }
 
+// Embedding, override and isolate controls (UAX #9): one left open in a name would turn round
+// everything that is written behind it.
+bool steersDirection(QChar character) {
+    return (character >= QChar(0x202A) && character <= QChar(0x202E)) ||
+           (character >= QChar(0x2066) && character <= QChar(0x2069));
+}
+
 QString singleLine(std::string_view utf8) {
     const auto bytes = std::min<std::size_t>(utf8.size(), 4 * static_cast<std::size_t>(mostUnits));
     QString line = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(bytes));
     if (line.size() > mostUnits) line.truncate(mostUnits);
+    line.removeIf(steersDirection);
     for (QChar& character : line) {
         const QChar::Category category = character.category();
         if (category == QChar::Other_Control || category == QChar::Separator_Line ||
@@ -70,6 +78,8 @@ class TextNode final : public Node {
         QPointF at(self.rect.left(), self.rect.top() + firstBaseline(self.rect.size(), env));
         at.setY(painting.aligned(QRectF(at, QSizeF(0, 0))).top());
         QPainter& painter = painting.painter();
+        // A name written from right to left must not turn the line that it begins.
+        painter.setLayoutDirection(Qt::LeftToRight);
         for (const Run& run : fitted(self.rect.width() + tolerance, env)) {
             const Font& font = fontOf(run, env);
             painter.setFont(metrics(font).font);

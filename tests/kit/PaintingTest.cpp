@@ -168,6 +168,22 @@ TEST(Shadow, GlowsAroundAndStaysWithinItsReach) {
     EXPECT_EQ(qAlpha(image.pixel(43, 40)), near) << "the glow must be even on both sides";
 }
 
+// A glow that is painted piece by piece must be the glow that is painted whole.
+TEST(Shadow, KnowsNoClip) {
+    const View mark = View(rectangle().fill(teal))
+                          .frame({.width = 2, .height = 80})
+                          .shadow(teal.opacity(0.7), 4)
+                          .frame({.width = 100, .height = 100});
+    const QImage whole = painted(mark);
+    const QImage pieces = painted(mark.clip(roundedRectangle(26)));
+    for (int y = 84; y < 116; ++y) {
+        for (int x = 80; x < 120; ++x)
+            EXPECT_EQ(pieces.pixel(x, y), whole.pixel(x, y)) << x << y;
+    }
+    for (int y = 20; y < 180; ++y)
+        EXPECT_EQ(pieces.pixel(96, y), whole.pixel(96, y)) << y;
+}
+
 TEST(Blur, KeepsWhatItSpreads) {
     QImage image(61, 61, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);

@@ -153,10 +153,12 @@ TEST(Hit, FindsWhatIsInFront) {
         layOut(zstack(topLeading, {button(1), button(2).offset(10, 0)}), environment);
     const auto press = [&](double x, double y) {
         pressed = 0;
-        const Placed* found = hit(root, {x, y}, [](const Placed& placed) {
+        const auto path = hit(root, {x, y}, [](const Placed& placed) {
             return placed.node->interaction() && placed.node->interaction()->press;
         });
-        if (found) found->node->interaction()->press();
+        if (path.empty()) return 0;
+        EXPECT_EQ(path.front(), &root);
+        path.back()->node->interaction()->press();
         return pressed;
     };
     // The moved button answers where it is drawn only, to the half-open edge.
