@@ -45,7 +45,9 @@ struct Planner {
         : paths(configPaths(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"))),
           configFile(paths, access),
           holidays(holidayFolder(paths), clock, nullptr),
-          store({clock, zone, configFile, holidays, timer, zoneChanges}) {}
+          store({clock, zone, configFile, holidays, timer, zoneChanges}) {
+        ui.version = NOONWARD_VERSION;
+    }
 
     SystemClock clock;
     ComputerZone zone;
@@ -63,10 +65,11 @@ void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& messag
     if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-int renderPictures(int argc, char** argv, const Demonstration& demonstration) {
+int renderPictures(char** argv, const Demonstration& demonstration) {
     qInstallMessageHandler(sayNothing);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    int noArguments = argv[0] ? 1 : 0;
+    const QGuiApplication application(noArguments, argv);
     registerFonts();
 
     NoTimer timer;
@@ -75,9 +78,10 @@ int renderPictures(int argc, char** argv, const Demonstration& demonstration) {
     return 0;
 }
 
-int showWindow(int argc, char** argv) {
+int showWindow(char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
-    const QGuiApplication application(argc, argv);
+    int noArguments = argv[0] ? 1 : 0;
+    const QGuiApplication application(noArguments, argv);
     registerFonts();
 
     MainLoopTimer timer;
@@ -89,15 +93,16 @@ int showWindow(int argc, char** argv) {
 
 }  // namespace
 
-int run(int argc, char** argv) {
+// There are no command-line options, Qt's neither: only the program's name goes on.
+int run(char** argv) {
     if (const auto demonstration = Demonstration::from(environmentVariable)) {
-        return renderPictures(argc, argv, *demonstration);
+        return renderPictures(argv, *demonstration);
     }
     if (environmentVariable("DISPLAY").value_or("").empty()) {
         std::fputs("noonward: there is no X display to open (DISPLAY is not set)\n", stderr);
         return 1;
     }
-    return showWindow(argc, argv);
+    return showWindow(argv);
 }
 
 }  // namespace noonward

@@ -10,7 +10,9 @@ namespace noonward {
 RibbonWindow::RibbonWindow(Store& store, NotchUI& ui) : panel_(store, ui, {}) {
     setTitle(QStringLiteral("Noonward"));
     rebuild();
-    storeWatch_ = store.changes().subscribe([this] { rebuildSoon(); });
+    watches_ = {store.changes().subscribe([this] { rebuildSoon(); }),
+                ui.changes().subscribe([this] { rebuildSoon(); }),
+                panel_.changes().subscribe([this] { rebuildSoon(); })};
 }
 
 void RibbonWindow::rebuild() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRasterWindow>
+#include <array>
 
 #include "base/Published.h"
 #include "kit/Placed.h"
@@ -26,7 +27,7 @@ class RibbonWindow final : public QRasterWindow {
     kit::Placed placed_;
     kit::Tiles tiles_;
     bool pending_ = false;
-    Subscription storeWatch_;
+    std::array<Subscription, 3> watches_;
 };
 
 }  // namespace noonward

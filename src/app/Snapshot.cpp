@@ -1,7 +1,7 @@
 #include "app/Snapshot.h"
 
-#include <QFile>
 #include <algorithm>
+#include <fstream>
 
 #include "app/Render.h"
 #include "base/Unicode.h"
@@ -12,8 +12,7 @@ namespace {
 
 void write(const std::string& path, const QByteArray& data) {
     if (data.isEmpty()) return;
-    QFile file(QString::fromStdString(path));
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) file.write(data);
+    std::ofstream(path, std::ios::binary | std::ios::trunc).write(data.data(), data.size());
 }
 
 void leaveOut(Config& config, std::string_view label) {

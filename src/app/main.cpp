@@ -1,5 +1,5 @@
 #include "app/Application.h"
 
-int main(int argc, char** argv) {
-    return noonward::run(argc, argv);
+int main(int, char** argv) {
+    return noonward::run(argv);
 }

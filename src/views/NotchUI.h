@@ -27,6 +27,7 @@ class NotchUI {
     /// Describes an update that is ready; absent without one.
     Published<std::optional<std::string>> updateReady{changes_};
 
+    std::string version;      ///< of the program, "1.2.0"; empty where it is not known
     double notchWidth = 185;  ///< points; set when the notch is found
     double height = 32;       ///< points
 

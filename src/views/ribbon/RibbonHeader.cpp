@@ -49,15 +49,19 @@ View nameLine(const RibbonContext& context, const Row& row) {
                   });
 }
 
+// What is short of room loses the end of its date, never the difference from home.
 View detailLine(const RibbonContext& context, const Row& row) {
-    std::string line;
-    for (const std::string& part : {row.abbr(context.focus), context.store.date(context.focus, row),
-                                    context.store.diff(row, context.focus)}) {
-        if (part.empty()) continue;
-        if (!line.empty()) line += " · ";
-        line += part;
-    }
-    return text(line).font(hanken(12)).colour(context.palette.mist);
+    const std::string abbreviation = row.abbr(context.focus);
+    const std::string date = context.store.date(context.focus, row);
+    const std::string difference = context.store.diff(row, context.focus);
+    return hstack(
+               {.spacing = 0},
+               {
+                   text(abbreviation.empty() ? date : abbreviation + " · " + date),
+                   when(!difference.empty(), [&] { return text(" · " + difference).priority(1); }),
+               })
+        .font(hanken(12))
+        .colour(context.palette.mist);
 }
 
 View hideButton(const RibbonContext& context, const Row& row) {

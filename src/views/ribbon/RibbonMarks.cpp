@@ -33,11 +33,11 @@ View fairestCaption(const RibbonContext& context) {
 }
 
 View fairestOutline(const RibbonContext& context) {
-    if (!context.columns.contains(context.fair)) return {};
-    const double opacity = context.store.proposal() ? 0.45 : 1;
+    const double inView = context.store.proposal() ? 0.45 : 1;
     return roundedRectangle(8)
-        .strokeInside(context.palette.fair.opacity(opacity), 2)
+        .strokeInside(context.palette.fair, 2)
         .frame({.width = 34, .height = context.rowsHeight + 12})
+        .opacity(context.columns.contains(context.fair) ? inView : 0)
         .offset(columnX(context.fair) - 2 + context.shift, 34);
 }
 

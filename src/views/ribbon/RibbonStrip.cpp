@@ -36,30 +36,27 @@ CellColours coloursOf(Phase phase, const Palette& palette) {
     return {};
 }
 
+constexpr std::array days{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+
 // The first hour of a day shows which day begins.
-View dayLabel(const LocalTime& local) {
-    static constexpr std::array days{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-    return vstack({.spacing = 0},
-                  {
-                      text(days.at(static_cast<std::size_t>(local.weekday - 1))),
-                      text(std::to_string(local.day)),
-                  })
-        .font(hanken(10, Weight::bold));
+View dayLabel(const std::string& day, const std::string& number) {
+    return vstack({.spacing = 0}, {text(day), text(number)}).font(hanken(10, Weight::bold));
 }
 
 View cell(const RibbonContext& context, const Row& row, Instant start) {
     const LocalTime local = row.cal.local(start);
     const Phase phase = context.store.phase(row, start, true);
     const bool twelveHour = twelve(context.store.format());
-    const std::string label = local.hour == 0
-                                  ? std::to_string(local.weekday) + '/' + std::to_string(local.day)
-                                  : context.store.hourLabel(local.hour);
+    const std::string day = days.at(static_cast<std::size_t>(local.weekday - 1));
+    const std::string number = std::to_string(local.day);
+    const bool dayBegins = local.hour == 0;
+    const std::string label = dayBegins ? day + ' ' + number : context.store.hourLabel(local.hour);
     const std::string key = std::string(context.scheme == Scheme::dark ? "dark " : "light ") +
                             std::to_string(static_cast<int>(phase)) + ' ' + label;
     const CellColours colours = coloursOf(phase, context.palette);
     return tile(key, {Metrics::cell, Metrics::cellHeight}, label, [=] {
-        const View content = local.hour == 0
-                                 ? dayLabel(local)
+        const View content = dayBegins
+                                 ? dayLabel(day, number)
                                  : text(label).font(hanken(twelveHour ? 11 : 13, Weight::medium));
         return content.colour(colours.label)
             .frame({.width = Metrics::cell, .height = Metrics::cellHeight})
