@@ -43,6 +43,7 @@ ConfigFile::ConfigFile(ConfigPaths paths, Access access, FileOperations& operati
 
 Config ConfigFile::load(const TimeZone& here) {
     taken_ = false;
+    known_.reset();
     FileContents contents = read();
     if (contents.state == State::tooLarge || contents.state == State::failed)
         return Config::defaults(here);

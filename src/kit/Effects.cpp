@@ -29,8 +29,10 @@ class OpacityNode final : public Wrapper {
         if (opacity_ >= 1) return painting.paintChildren(self);
         painting.layer(
             self.bounds, [&](Painting& inside) { inside.paintChildren(self); },
-            [&](QPainter& painter, QImage&) {
-                multiplyAlpha(painter, self.bounds, black.opacity(opacity_).qcolor());
+            [&](QPainter& painter, QImage& image) {
+                // All of the picture: an edge between pixels would be faded by half.
+                painter.resetTransform();
+                multiplyAlpha(painter, image.rect(), black.opacity(opacity_).qcolor());
             });
     }
     std::string description() const override { return "opacity"; }
