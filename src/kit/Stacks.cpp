@@ -224,17 +224,17 @@ class LayersNode final : public Node {
 
 }  // namespace
 
-View hstack(RowSpec spec, Views children) {
+View hstack(RowSpec spec, const Views& children) {
     return View(std::make_shared<StackNode>(true, Alignment{Horizontal::leading, spec.align},
                                             spec.spacing, children));
 }
 
-View vstack(ColumnSpec spec, Views children) {
+View vstack(ColumnSpec spec, const Views& children) {
     return View(std::make_shared<StackNode>(false, Alignment{spec.align, Vertical::top},
                                             spec.spacing, children));
 }
 
-View zstack(Alignment alignment, Views children) {
+View zstack(Alignment alignment, const Views& children) {
     return View(std::make_shared<LayersNode>(alignment, children));
 }
 

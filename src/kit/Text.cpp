@@ -141,7 +141,7 @@ View text(std::string_view line) {
 View text(const char* line) {
     return text(std::string_view(line));
 }
-View text(std::vector<TextRun> runs) {
+View text(const std::vector<TextRun>& runs) {
     return View(std::make_shared<TextNode>(runs));
 }
 

@@ -20,6 +20,6 @@ struct TextRun {
 /// breaks and control characters are shown as spaces.
 View text(std::string_view line);
 View text(const char* line);
-View text(std::vector<TextRun> runs);
+View text(const std::vector<TextRun>& runs);
 
 }  // namespace kit

@@ -73,7 +73,7 @@ View fairestLine(const RibbonContext& context) {
     return hstack({.spacing = 12},
                   {
                       symbol(Symbols::people),
-                      text(std::move(line)),
+                      text(line),
                       spacer(),
                       when(!context.solid, [&] { return copyButton(context).fixedSize(); }),
                   });
