@@ -224,14 +224,14 @@ class LayersNode final : public Node {
 
 }  // namespace
 
-View hstack(RowSpec spec, const Views& children) {
-    return View(std::make_shared<StackNode>(true, Alignment{Horizontal::leading, spec.align},
-                                            spec.spacing, children));
+View hstack(RowSpec options, const Views& children) {
+    return View(std::make_shared<StackNode>(true, Alignment{Horizontal::leading, options.align},
+                                            options.spacing, children));
 }
 
-View vstack(ColumnSpec spec, const Views& children) {
-    return View(std::make_shared<StackNode>(false, Alignment{spec.align, Vertical::top},
-                                            spec.spacing, children));
+View vstack(ColumnSpec options, const Views& children) {
+    return View(std::make_shared<StackNode>(false, Alignment{options.align, Vertical::top},
+                                            options.spacing, children));
 }
 
 View zstack(Alignment alignment, const Views& children) {

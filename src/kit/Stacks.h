@@ -16,10 +16,10 @@ struct ColumnSpec {
 
 /// Children side by side. Where room is short the higher priority is served first, and among
 /// equals the least flexible; spacers share what is left.
-View hstack(RowSpec spec, const Views& children);
+View hstack(RowSpec options, const Views& children);
 
 /// Children one below the other, served as in `hstack`.
-View vstack(ColumnSpec spec, const Views& children);
+View vstack(ColumnSpec options, const Views& children);
 
 /// Children over each other, the last in front.
 View zstack(Alignment alignment, const Views& children);

@@ -13,7 +13,7 @@ constexpr double leastWidth = 40;
 
 class TextFieldNode final : public Node {
  public:
-    explicit TextFieldNode(TextFieldSpec spec) : spec_(std::move(spec)) {}
+    explicit TextFieldNode(TextFieldSpec field) : field_(std::move(field)) {}
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
         const double ideal = line(env)->measure({}, env).width();
@@ -26,24 +26,24 @@ class TextFieldNode final : public Node {
 
     void place(Placed& self) const override { self.add(0, line(self.environment), self.rect); }
 
-    const TextFieldSpec* textField() const override { return &spec_; }
+    const TextFieldSpec* textField() const override { return &field_; }
 
     std::string description() const override { return "field"; }
 
  private:
     View line(const Environment& env) const {
-        return spec_.text.empty()
-                   ? text(spec_.placeholder).colour(env.colour.opacity(placeholderOpacity))
-                   : text(spec_.text);
+        return field_.text.empty()
+                   ? text(field_.placeholder).colour(env.colour.opacity(placeholderOpacity))
+                   : text(field_.text);
     }
 
-    TextFieldSpec spec_;
+    TextFieldSpec field_;
 };
 
 }  // namespace
 
-View textField(TextFieldSpec spec) {
-    return View(std::make_shared<TextFieldNode>(std::move(spec)));
+View textField(TextFieldSpec field) {
+    return View(std::make_shared<TextFieldNode>(std::move(field)));
 }
 
 }  // namespace kit

@@ -7,6 +7,6 @@ namespace kit {
 
 /// A borderless line of text to edit: as wide as it may be, as high as its font. An empty one
 /// shows its placeholder, dimmed.
-View textField(TextFieldSpec spec);
+View textField(TextFieldSpec field);
 
 }  // namespace kit

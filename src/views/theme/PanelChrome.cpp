@@ -22,17 +22,17 @@ View brandStripe() {
 }
 
 // The desktop blurs what is behind the window where it can; here only the tint is laid over it.
-Colour backdrop(const PanelChromeSpec& spec) {
-    const Palette& palette = spec.palette;
-    return spec.solid || spec.backing == Backing::opaque
+Colour backdrop(const PanelChromeSpec& options) {
+    const Palette& palette = options.palette;
+    return options.solid || options.backing == Backing::opaque
                ? palette.tint
                : palette.tint.opacity(palette.tintOpacity);
 }
 
 }  // namespace
 
-View panelChrome(const PanelChromeSpec& spec, View content) {
-    const double top = spec.solid ? solidTopRadius : 0;
+View panelChrome(const PanelChromeSpec& options, View content) {
+    const double top = options.solid ? solidTopRadius : 0;
     const Shape outline = roundedRectangle(CornerRadii{top, top, bottomRadius, bottomRadius});
 
     return vstack({.align = Horizontal::leading, .spacing = 0},
@@ -40,10 +40,10 @@ View panelChrome(const PanelChromeSpec& spec, View content) {
                       brandStripe(),
                       content,
                   })
-        .colour(spec.palette.text)
-        .background(rectangle().fill(backdrop(spec)))
+        .colour(options.palette.text)
+        .background(rectangle().fill(backdrop(options)))
         .clip(outline)
-        .overlay(outline.strokeInside(spec.palette.border, 1))
+        .overlay(outline.strokeInside(options.palette.border, 1))
         .fixedSize();
 }
 

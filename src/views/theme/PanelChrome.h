@@ -19,6 +19,6 @@ struct PanelChromeSpec {
 
 /// The frame of every panel around its content, exactly as large as that asks for: brand stripe,
 /// background, corners and border.
-kit::View panelChrome(const PanelChromeSpec& spec, kit::View content);
+kit::View panelChrome(const PanelChromeSpec& options, kit::View content);
 
 }  // namespace noonward
