@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+class QKeyEvent;
+
+namespace noonward {
+
+/// What a key press means.
+struct KeyPress {
+    enum class Key { escape, leftArrow, rightArrow, other };
+    Key key = Key::other;
+    bool shift = false;
+    bool command = false;              ///< Control
+    std::string characters;            ///< typed, all modifiers applied; UTF-8
+    std::string charactersUnmodified;  ///< without Control, Alt and Super; Shift and AltGr count
+};
+
+/// Reads key presses with the keyboard's current layout.
+class Keyboard {
+ public:
+    virtual ~Keyboard() = default;
+    virtual KeyPress read(const QKeyEvent& event) const = 0;
+};
+
+}  // namespace noonward
