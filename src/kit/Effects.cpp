@@ -1,6 +1,7 @@
 #include <QLinearGradient>
 #include <algorithm>
 #include <cmath>
+#include <typeinfo>
 
 #include "kit/Blur.h"
 #include "kit/Painting.h"
@@ -17,6 +18,11 @@ View wrap(const View& child, Args&&... args) {
 void multiplyAlpha(QPainter& painter, const QRectF& rect, const QBrush& brush) {
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     painter.fillRect(rect, brush);
+}
+
+// For nodes whose whole look is in their numbers.
+bool sameNumbers(const Node& one, const Node& other) {
+    return typeid(one) == typeid(other) && one.numbers() == other.numbers();
 }
 
 class OpacityNode final : public Wrapper {
@@ -37,6 +43,12 @@ class OpacityNode final : public Wrapper {
     }
     std::string description() const override { return "opacity"; }
 
+    bool paintsLike(const Node& other) const override { return sameNumbers(*this, other); }
+    std::vector<double> numbers() const override { return {opacity_}; }
+    std::shared_ptr<const Node> withNumbers(const std::vector<double>& n) const override {
+        return std::make_shared<OpacityNode>(child(), n[0]);
+    }
+
  private:
     double opacity_;
 };
@@ -48,19 +60,38 @@ class ScaleNode final : public Wrapper {
 
     void paint(const Placed& self, Painting& painting) const override {
         if (x_ <= 0 || y_ <= 0) return;
-        const QPointF about = aligned(self.rect, QSizeF(0, 0), anchor_);
+        if (x_ == 1 && y_ == 1) return painting.paintChildren(self);
+        const QTransform toSelf = transform(self.rect);
         QPainter& painter = painting.painter();
         painter.save();
-        painter.translate(about);
-        painter.scale(x_, y_);
-        painter.translate(-about);
-        Painting inside(painter, painting.tiles(), self.bounds);
+        painter.setTransform(toSelf, true);
+        Painting inside(painter, painting.tiles(), toSelf.inverted().mapRect(painting.clip()));
         inside.paintChildren(self);
         painter.restore();
+    }
+    QRectF bounds(const Placed& self) const override {
+        if (x_ <= 0 || y_ <= 0) return {self.rect.topLeft(), QSizeF(0, 0)};
+        return transform(self.rect).mapRect(Wrapper::bounds(self));
+    }
+    std::optional<QPointF> inChildren(const Placed& self, const QPointF& point) const override {
+        if (x_ <= 0 || y_ <= 0) return std::nullopt;
+        return transform(self.rect).inverted().map(point);
+    }
+    bool paintsLike(const Node& other) const override { return sameNumbers(*this, other); }
+    std::vector<double> numbers() const override { return {x_, y_}; }
+    std::shared_ptr<const Node> withNumbers(const std::vector<double>& n) const override {
+        return std::make_shared<ScaleNode>(child(), n[0], n[1], anchor_);
     }
     std::string description() const override { return "scale"; }
 
  private:
+    // From the children's points to the root's.
+    QTransform transform(const QRectF& rect) const {
+        const QPointF about = aligned(rect, QSizeF(0, 0), anchor_);
+        return QTransform::fromTranslate(-about.x(), -about.y()) * QTransform::fromScale(x_, y_) *
+               QTransform::fromTranslate(about.x(), about.y());
+    }
+
     double x_;
     double y_;
     Alignment anchor_;
@@ -91,6 +122,14 @@ class ClipNode final : public Wrapper {
                 cut(self, painting, rect, {x, y, side, side});
             }
         }
+    }
+    QRectF bounds(const Placed& self) const override { return self.rect; }
+    std::optional<QPointF> inChildren(const Placed& self, const QPointF& point) const override {
+        return shape_.path(self.rect).contains(point) ? std::optional(point) : std::nullopt;
+    }
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const ClipNode*>(&other);
+        return same && same->shape_.looksLike(shape_);
     }
     std::string description() const override { return "clip"; }
 
@@ -138,6 +177,10 @@ class MaskNode final : public Wrapper {
         faded(self, painting, {rect.left(), rect.top(), from - rect.left(), rect.height()});
         faded(self, painting, {until, rect.top(), rect.right() - until, rect.height()});
     }
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const MaskNode*>(&other);
+        return same && same->stops_ == stops_;
+    }
     std::string description() const override { return "mask"; }
 
  private:
@@ -160,7 +203,10 @@ class ShadowNode final : public Wrapper {
     ShadowNode(View child, Colour colour, double radius)
         : Wrapper(std::move(child)), colour_(colour), radius_(radius) {}
 
-    double overflow() const override { return std::ceil(radius_ * 1.5); }
+    QRectF bounds(const Placed& self) const override {
+        const double over = overflow();
+        return Wrapper::bounds(self).adjusted(-over, -over, over, over);
+    }
 
     void paint(const Placed& self, Painting& painting) const override {
         painting.layer(
@@ -178,15 +224,56 @@ class ShadowNode final : public Wrapper {
             overflow());
         painting.paintChildren(self);
     }
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const ShadowNode*>(&other);
+        return same && same->colour_ == colour_ && same->radius_ == radius_;
+    }
     std::string description() const override { return "shadow"; }
 
  private:
+    double overflow() const { return std::ceil(radius_ * 1.5); }
+
     Colour colour_;
+    double radius_;
+};
+
+class BlurNode final : public Wrapper {
+ public:
+    BlurNode(View child, double radius)
+        : Wrapper(std::move(child)), radius_(std::max(radius, 0.0)) {}
+
+    void paint(const Placed& self, Painting& painting) const override {
+        if (radius_ <= 0) return painting.paintChildren(self);
+        painting.layer(
+            self.bounds, [&](Painting& inside) { inside.paintChildren(self); },
+            [&](QPainter& painter, QImage& image) {
+                painter.end();
+                kit::blur(image, radius_ / 2 * painting.scale());
+            },
+            overflow());
+    }
+    QRectF bounds(const Placed& self) const override {
+        const double over = overflow();
+        return Wrapper::bounds(self).adjusted(-over, -over, over, over);
+    }
+    bool paintsLike(const Node& other) const override { return sameNumbers(*this, other); }
+    std::vector<double> numbers() const override { return {radius_}; }
+    std::shared_ptr<const Node> withNumbers(const std::vector<double>& n) const override {
+        return std::make_shared<BlurNode>(child(), n[0]);
+    }
+    std::string description() const override { return "blur"; }
+
+ private:
+    double overflow() const { return std::ceil(radius_ * 1.5); }
+
     double radius_;
 };
 
 }  // namespace
 
+View View::blur(double radius) const {
+    return wrap<BlurNode>(*this, radius);
+}
 View View::opacity(double opacity) const {
     return wrap<OpacityNode>(*this, opacity);
 }

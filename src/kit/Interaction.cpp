@@ -29,15 +29,33 @@ View interactive(const View& child, const char* name, Interaction interaction) {
 }  // namespace
 
 View View::button(std::function<void()> press) const {
-    return interactive(*this, "button", {.press = std::move(press), .tooltip = {}, .hover = {}});
+    Interaction interaction;
+    interaction.press = std::move(press);
+    return interactive(*this, "button", std::move(interaction));
 }
 
 View View::tooltip(std::string text) const {
-    return interactive(*this, "tooltip", {.press = {}, .tooltip = std::move(text), .hover = {}});
+    Interaction interaction;
+    interaction.tooltip = std::move(text);
+    return interactive(*this, "tooltip", std::move(interaction));
 }
 
 View View::onHover(std::function<void(std::optional<QPointF>)> hover) const {
-    return interactive(*this, "hover", {.press = {}, .tooltip = {}, .hover = std::move(hover)});
+    Interaction interaction;
+    interaction.hover = std::move(hover);
+    return interactive(*this, "hover", std::move(interaction));
+}
+
+View View::onTap(std::function<void()> tap) const {
+    Interaction interaction;
+    interaction.press = std::move(tap);
+    return interactive(*this, "tap", std::move(interaction));
+}
+
+View View::contextMenu(std::vector<MenuItem> items) const {
+    Interaction interaction;
+    interaction.menu = std::move(items);
+    return interactive(*this, "menu", std::move(interaction));
 }
 
 }  // namespace kit

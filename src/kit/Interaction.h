@@ -4,15 +4,23 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kit {
 
+/// A line of a menu; without a title it divides what is above from what is below.
+struct MenuItem {
+    std::string title;
+    std::function<void()> choose;
+};
+
 /// What a view answers to. Each modifier sets one of these.
 struct Interaction {
-    std::function<void()> press;  ///< a button
+    std::function<void()> press;  ///< a button, or a tap
     std::string tooltip;
     /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.
     std::function<void(std::optional<QPointF>)> hover;
+    std::vector<MenuItem> menu;  ///< of a secondary click
 };
 
 /// A line of text the user edits.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <typeinfo>
 
 #include "kit/Painting.h"
 
@@ -15,6 +16,17 @@ QPointF aligned(const QRectF& space, const QSizeF& size, Alignment alignment) {
 }
 
 void Node::place(Placed&) const {}
+
+QRectF Node::bounds(const Placed& self) const {
+    QRectF all = self.rect;
+    for (const Placed& child : self.children)
+        all |= child.bounds;
+    return all;
+}
+
+bool Node::paintsLike(const Node& other) const {
+    return typeid(*this) == typeid(other);
+}
 
 void Node::paint(const Placed& self, Painting& painting) const {
     painting.paintChildren(self);

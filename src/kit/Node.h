@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "kit/Interaction.h"
 #include "kit/Layout.h"
@@ -35,8 +37,24 @@ class Node {
     /// Paints itself and its children; without more, only its children.
     virtual void paint(const Placed& self, Painting& painting) const;
 
-    /// How far this node paints beyond its rectangle, on every side, in points.
-    virtual double overflow() const { return 0; }
+    /// All that it and its children paint, in the root's points.
+    virtual QRectF bounds(const Placed& self) const;
+
+    /// Where a point is for the children, who may be drawn scaled; nothing where they are cut off.
+    virtual std::optional<QPointF> inChildren(const Placed&, const QPointF& point) const {
+        return point;
+    }
+
+    /// Whether it paints by itself, its children apart, what `other` paints in the same place with
+    /// the same environment.
+    virtual bool paintsLike(const Node& other) const;
+
+    /// The numbers of its look that can glide; as many for every node of a kind.
+    virtual std::vector<double> numbers() const { return {}; }
+    /// The same node with other such numbers; null where there are none.
+    virtual std::shared_ptr<const Node> withNumbers(const std::vector<double>&) const {
+        return nullptr;
+    }
 
     /// Stacks give room to the higher priority first; spacers come last.
     virtual double priority() const { return 0; }

@@ -15,10 +15,7 @@ Id childId(Id parent, std::uint64_t slot) {
 
 void placeNode(Placed& self) {
     self.node->place(self);
-    const double over = self.node->overflow();
-    self.bounds = self.rect.adjusted(-over, -over, over, over);
-    for (const Placed& child : self.children)
-        self.bounds |= child.bounds;
+    self.bounds = self.node->bounds(self);
 }
 
 void dump(const Placed& placed, int depth, std::string& out) {
@@ -93,8 +90,10 @@ const Placed* find(const Placed& root, const std::function<bool(const Placed&)>&
 std::vector<const Placed*> hit(const Placed& root, const QPointF& point,
                                const std::function<bool(const Placed&)>& test) {
     if (!root.node || !contains(root.bounds, point)) return {};
+    const std::optional<QPointF> inside = root.node->inChildren(root, point);
+    if (!inside) return {};
     for (auto child = root.children.rbegin(); child != root.children.rend(); ++child) {
-        std::vector<const Placed*> path = hit(*child, point, test);
+        std::vector<const Placed*> path = hit(*child, *inside, test);
         if (path.empty()) continue;
         path.insert(path.begin(), &root);
         return path;

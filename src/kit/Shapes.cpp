@@ -56,6 +56,15 @@ class ShapeNode final : public Node {
         }
     }
 
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const ShapeNode*>(&other);
+        return same && same->shape_.looksLike(shape_);
+    }
+    std::vector<double> numbers() const override { return shape_.numbers(); }
+    std::shared_ptr<const Node> withNumbers(const std::vector<double>& numbers) const override {
+        return std::make_shared<ShapeNode>(shape_.withNumbers(numbers));
+    }
+
     std::string description() const override { return name(shape_.kind()); }
 
  private:
@@ -88,6 +97,18 @@ Shape Shape::strokeInside(Colour colour, double width) const {
     return result;
 }
 
+bool Shape::looksLike(const Shape& other) const {
+    return kind_ == other.kind_ && radii_ == other.radii_ && style_ == other.style_ &&
+           numbers_ == other.numbers_ && fill_ == other.fill_ && stroke_ == other.stroke_ &&
+           strokeWidth_ == other.strokeWidth_;
+}
+
+Shape Shape::withNumbers(const std::vector<double>& numbers) const {
+    Shape result = *this;
+    result.numbers_ = numbers;
+    return result;
+}
+
 QPainterPath Shape::path(const QRectF& rect, double inset) const {
     const QRectF inner = rect.adjusted(inset, inset, -inset, -inset);
     QPainterPath result;
@@ -104,7 +125,7 @@ QPainterPath Shape::path(const QRectF& rect, double inset) const {
             result.addEllipse(largestCircle(inner));
             break;
         case Kind::path:
-            return path_(inner);
+            return path_(inner, numbers_);
     }
     return result;
 }

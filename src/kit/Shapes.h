@@ -3,6 +3,7 @@
 #include <QPainterPath>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "kit/RoundedPath.h"
 #include "kit/View.h"
@@ -14,12 +15,15 @@ namespace kit {
 class Shape {
  public:
     enum class Kind { rectangle, rounded, capsule, circle, path };
-    using PathFunction = std::function<QPainterPath(const QRectF&)>;
+    /// An outline in a rectangle, from numbers that can glide.
+    using PathFunction =
+        std::function<QPainterPath(const QRectF&, const std::vector<double>& numbers)>;
 
     explicit Shape(Kind kind) : kind_(kind) {}
     Shape(CornerRadii radii, CornerStyle style)
         : kind_(Kind::rounded), radii_(radii), style_(style) {}
-    explicit Shape(PathFunction path) : kind_(Kind::path), path_(std::move(path)) {}
+    Shape(std::vector<double> numbers, PathFunction path)
+        : kind_(Kind::path), path_(std::move(path)), numbers_(std::move(numbers)) {}
 
     Shape fill(Colour colour) const;
     /// A line whose outer edge is the outline, `width` points wide.
@@ -31,6 +35,13 @@ class Shape {
     /// The part of `rect` that the outline surely covers whole, apart from squares of this side
     /// at the corners; nothing where that is not known.
     std::optional<double> cornerSquare(const QRectF& rect) const;
+
+    /// Whether both draw the same in the same room. Free outlines do when their numbers are the
+    /// same: their function must depend on nothing else.
+    bool looksLike(const Shape& other) const;
+
+    const std::vector<double>& numbers() const { return numbers_; }
+    Shape withNumbers(const std::vector<double>& numbers) const;
 
     Kind kind() const { return kind_; }
     const std::optional<Colour>& fillColour() const { return fill_; }
@@ -46,6 +57,7 @@ class Shape {
     CornerRadii radii_;
     CornerStyle style_ = CornerStyle::circular;
     PathFunction path_;
+    std::vector<double> numbers_;
     std::optional<Colour> fill_;
     std::optional<Colour> stroke_;
     double strokeWidth_ = 0;
@@ -60,8 +72,8 @@ inline Shape capsule() {
 inline Shape circle() {
     return Shape(Shape::Kind::circle);
 }
-inline Shape path(Shape::PathFunction outline) {
-    return Shape(std::move(outline));
+inline Shape path(std::vector<double> numbers, Shape::PathFunction outline) {
+    return {std::move(numbers), std::move(outline)};
 }
 inline Shape roundedRectangle(double radius, CornerStyle style = CornerStyle::continuous) {
     return {CornerRadii::all(radius), style};

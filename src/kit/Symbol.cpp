@@ -54,6 +54,11 @@ class SymbolNode final : public Node {
         painting.painter().drawImage(rect, image);
     }
 
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const SymbolNode*>(&other);
+        return same && std::string_view(same->source_.resource) == source_.resource;
+    }
+
     std::string description() const override { return std::string("symbol ") + source_.resource; }
 
  private:

@@ -89,6 +89,11 @@ class TextNode final : public Node {
         }
     }
 
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const TextNode*>(&other);
+        return same && same->runs_ == runs_;
+    }
+
     std::string description() const override {
         std::string line;
         for (const Run& run : runs_)
@@ -101,6 +106,8 @@ class TextNode final : public Node {
         QString text;
         std::optional<Font> font;
         std::optional<Colour> colour;
+
+        bool operator==(const Run&) const = default;
     };
 
     static const Font& fontOf(const Run& run, const Environment& env) {

@@ -31,6 +31,11 @@ class TileNode final : public Node {
         painting.painter().drawImage(at, image);
     }
 
+    bool paintsLike(const Node& other) const override {
+        const auto* same = dynamic_cast<const TileNode*>(&other);
+        return same && same->key_ == key_ && same->size_ == size_;
+    }
+
     std::string description() const override { return "tile \"" + says_ + "\" " + key_; }
 
  private:

@@ -14,11 +14,14 @@ namespace kit {
 
 class Node;
 class Shape;
+struct MenuItem;
 
 /// A position in a horizontal gradient mask: 0 is the leading edge, 1 the trailing one.
 struct MaskStop {
     double position = 0;
     double opacity = 1;
+
+    bool operator==(const MaskStop&) const = default;
 };
 
 /// A piece of user interface as a value: cheap to copy, never changed, built anew whenever what it
@@ -52,6 +55,8 @@ class View {
     // Drawing.
     View opacity(double opacity) const;
     View scale(double x, double y, Alignment anchor = centred) const;
+    /// `radius` is twice the standard deviation, points; 0 draws the view as it is.
+    View blur(double radius) const;
     View clip(const Shape& shape) const;
     /// Fades the view along its width. Stops ascend by position.
     View mask(std::vector<MaskStop> stops) const;
@@ -60,6 +65,10 @@ class View {
 
     // Interaction.
     View button(std::function<void()> press) const;
+    /// A press anywhere on the view, without being a control of its own.
+    View onTap(std::function<void()> tap) const;
+    /// What a secondary click offers.
+    View contextMenu(std::vector<MenuItem> items) const;
     View tooltip(std::string text) const;
     View onHover(std::function<void(std::optional<QPointF>)> hover) const;
 
