@@ -65,7 +65,7 @@ class ScaleNode final : public Wrapper {
         QPainter& painter = painting.painter();
         painter.save();
         painter.setTransform(toSelf, true);
-        Painting inside(painter, painting.tiles(), toSelf.inverted().mapRect(painting.clip()));
+        Painting inside = painting.inside(painter, toSelf.inverted().mapRect(painting.clip()));
         inside.paintChildren(self);
         painter.restore();
     }
@@ -77,6 +77,7 @@ class ScaleNode final : public Wrapper {
         if (x_ <= 0 || y_ <= 0) return std::nullopt;
         return transform(self.rect).inverted().map(point);
     }
+    bool spreads() const override { return x_ != 1 || y_ != 1; }
     bool paintsLike(const Node& other) const override { return sameNumbers(*this, other); }
     std::vector<double> numbers() const override { return {x_, y_}; }
     std::shared_ptr<const Node> withNumbers(const std::vector<double>& n) const override {
@@ -127,6 +128,7 @@ class ClipNode final : public Wrapper {
     std::optional<QPointF> inChildren(const Placed& self, const QPointF& point) const override {
         return shape_.path(self.rect).contains(point) ? std::optional(point) : std::nullopt;
     }
+    bool paintsItself() const override { return true; }
     bool paintsLike(const Node& other) const override {
         const auto* same = dynamic_cast<const ClipNode*>(&other);
         return same && same->shape_.looksLike(shape_);
@@ -177,6 +179,7 @@ class MaskNode final : public Wrapper {
         faded(self, painting, {rect.left(), rect.top(), from - rect.left(), rect.height()});
         faded(self, painting, {until, rect.top(), rect.right() - until, rect.height()});
     }
+    bool paintsItself() const override { return true; }
     bool paintsLike(const Node& other) const override {
         const auto* same = dynamic_cast<const MaskNode*>(&other);
         return same && same->stops_ == stops_;
@@ -224,6 +227,7 @@ class ShadowNode final : public Wrapper {
             overflow());
         painting.paintChildren(self);
     }
+    bool spreads() const override { return true; }
     bool paintsLike(const Node& other) const override {
         const auto* same = dynamic_cast<const ShadowNode*>(&other);
         return same && same->colour_ == colour_ && same->radius_ == radius_;
@@ -256,6 +260,7 @@ class BlurNode final : public Wrapper {
         const double over = overflow();
         return Wrapper::bounds(self).adjusted(-over, -over, over, over);
     }
+    bool spreads() const override { return radius_ > 0; }
     bool paintsLike(const Node& other) const override { return sameNumbers(*this, other); }
     std::vector<double> numbers() const override { return {radius_}; }
     std::shared_ptr<const Node> withNumbers(const std::vector<double>& n) const override {

@@ -49,6 +49,12 @@ class Node {
     /// the same environment.
     virtual bool paintsLike(const Node& other) const;
 
+    /// Whether it draws its children into something of its own, so that where it stands matters
+    /// to them; otherwise it only lays them out.
+    virtual bool paintsItself() const { return false; }
+    /// Whether it shows its children somewhere else or smeared: larger, blurred, with a shadow.
+    virtual bool spreads() const { return false; }
+
     /// The numbers of its look that can glide; as many for every node of a kind.
     virtual std::vector<double> numbers() const { return {}; }
     /// The same node with other such numbers; null where there are none.

@@ -46,7 +46,7 @@ void Painting::clipped(const QRectF& rect, const std::function<void(Painting&)>&
     if (inner.isEmpty()) return;
     painter_.save();
     painter_.setClipRect(inner, Qt::IntersectClip);
-    Painting narrowed(painter_, tiles_, inner);
+    Painting narrowed = this->inside(painter_, inner);
     draw(narrowed);
     painter_.restore();
 }
@@ -64,7 +64,7 @@ void Painting::layer(const QRectF& bounds, const std::function<void(Painting&)>&
         QPainter painter(&image);
         painter.setRenderHints(painter_.renderHints());
         painter.setTransform(toDevice * QTransform::fromTranslate(-device.x(), -device.y()));
-        Painting painting(painter, tiles_, drawn);
+        Painting painting = inside(painter, drawn);
         draw(painting);
         painter.setOpacity(1);
         finish(painter, image);

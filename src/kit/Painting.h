@@ -27,6 +27,17 @@ class Painting {
     /// The rectangle with its edges moved to the nearest device pixels, so that they stay sharp.
     QRectF aligned(const QRectF& rect) const;
 
+    /// Whether text fields are left to real ones that lie over the picture.
+    void leaveFieldsOut(bool leave) { fieldsLeftOut_ = leave; }
+    bool fieldsLeftOut() const { return fieldsLeftOut_; }
+
+    /// A painting of the same pass onto another painter.
+    Painting inside(QPainter& painter, const QRectF& clip) const {
+        Painting result(painter, tiles_, clip);
+        result.fieldsLeftOut_ = fieldsLeftOut_;
+        return result;
+    }
+
     /// Paints a placed node unless nothing of it lies inside the clip.
     void paint(const Placed& placed);
     void paintChildren(const Placed& placed);
@@ -44,6 +55,7 @@ class Painting {
     QPainter& painter_;
     Tiles& tiles_;
     QRectF clip_;
+    bool fieldsLeftOut_ = false;
 };
 
 }  // namespace kit

@@ -8,7 +8,6 @@
 namespace kit {
 namespace {
 
-constexpr double placeholderOpacity = 0.45;
 constexpr double leastWidth = 40;
 
 class TextFieldNode final : public Node {
@@ -25,6 +24,10 @@ class TextFieldNode final : public Node {
     }
 
     void place(Placed& self) const override { self.add(0, line(self.environment), self.rect); }
+
+    void paint(const Placed& self, Painting& painting) const override {
+        if (!painting.fieldsLeftOut()) painting.paintChildren(self);
+    }
 
     const TextFieldSpec* textField() const override { return &field_; }
 

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "kit/Animation.h"
+#include "kit/Fields.h"
+#include "kit/Placed.h"
+#include "kit/Presentation.h"
+#include "kit/Tiles.h"
+
+namespace kit {
+
+/// Shows a view in a window and hands it what the user does. It acts on the first click and shows
+/// tooltips although its program is never the active one.
+class FirstClickHostingView : public QWidget, private Animations::Member {
+ public:
+    using Body = std::function<View()>;
+
+    /// `body` is asked anew whenever what it shows has changed.
+    FirstClickHostingView(Animations& animations, Environment environment, Body body);
+
+    /// Says that the body has something else to show. However often it is said, the view is built
+    /// anew once, in the next turn of the event loop or when it is asked for before.
+    void invalidate();
+
+    /// Takes up pending changes at once, without animation.
+    void refresh() { settle(std::nullopt); }
+
+    /// Where everything is once nothing moves any more, pending changes included.
+    const Placed& placed();
+
+    /// The ideal size of the body, in points, pending changes included.
+    QSizeF fittingSize();
+
+    /// Moves the insertion point of a focused text field behind its text.
+    void caretToEnd() { fields_.caretToEnd(); }
+
+ protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+ private:
+    using Hover = std::function<void(std::optional<QPointF>)>;
+
+    void settle(const std::optional<Curve>& curve) override;
+    void present();
+    double seconds() const;
+    void hoverAt(const std::optional<QPointF>& point);
+    void popUp(const std::vector<MenuItem>& items, const QPoint& at);
+
+    Environment environment_;
+    Body body_;
+    Presentation presentation_;
+    std::shared_ptr<const Placed> painted_;
+    Tiles tiles_;
+    Fields fields_;
+    QElapsedTimer clock_;
+    QTimer frames_;
+    bool pending_ = true;
+    bool scheduled_ = false;
+    std::optional<Id> pressed_;
+    std::optional<QPointF> pointer_;
+    std::map<Id, Hover> hovered_;
+};
+
+}  // namespace kit
