@@ -16,7 +16,7 @@ QPoint outOfSight(const QWidget& host) {
 
 }  // namespace
 
-void Fields::sync(const Placed& tree, bool resting) {
+void Fields::sync(const Placed& tree, const QPoint& origin, bool resting) {
     QHash<Id, const Placed*> wanted;
     walk(tree, [&](const Placed& placed) {
         if (placed.node->textField()) wanted.insert(placed.id, &placed);
@@ -37,7 +37,11 @@ void Fields::sync(const Placed& tree, bool resting) {
         specs_[field.key()] = *field.value()->node->textField();
         QLineEdit* edit = edits_.value(field.key());
         if (!edit) edit = make(field.key(), *field.value());
-        update(*edit, *field.value(), resting);
+        update(*edit, *field.value());
+        const QRect place =
+            field.value()->rect.toAlignedRect().adjusted(-ownMargin, 0, ownMargin, 0);
+        edit->setGeometry(resting ? place.translated(origin)
+                                  : QRect(outOfSight(host_), place.size()));
     }
 }
 
@@ -62,7 +66,7 @@ QLineEdit* Fields::make(Id id, const Placed& field) {
     return edit;
 }
 
-void Fields::update(QLineEdit& edit, const Placed& field, bool resting) {
+void Fields::update(QLineEdit& edit, const Placed& field) {
     const TextFieldSpec& wish = *field.node->textField();
     const QString text = QString::fromStdString(wish.text);
     if (!edit.hasFocus() && text != edit.text().trimmed()) edit.setText(text);
@@ -75,9 +79,6 @@ void Fields::update(QLineEdit& edit, const Placed& field, bool resting) {
     palette.setColor(QPalette::PlaceholderText,
                      field.environment.colour.opacity(placeholderOpacity).qcolor());
     if (palette != edit.palette()) edit.setPalette(palette);
-
-    const QRect place = field.rect.toAlignedRect().adjusted(-ownMargin, 0, ownMargin, 0);
-    edit.setGeometry(resting ? place : QRect(outOfSight(host_), place.size()));
 }
 
 void Fields::caretToEnd() {

@@ -17,16 +17,17 @@ class Fields {
     /// Fields become children of `host`, which must outlive this.
     explicit Fields(QWidget& host) : host_(host) {}
 
-    /// Brings the fields in step with the tree. While the tree is not `resting` its fields are
-    /// painted by it, and the real ones stay out of sight, but keep the focus and take the keys.
-    void sync(const Placed& tree, bool resting);
+    /// Brings the fields in step with the tree, whose corner is at `origin` in the host. While the
+    /// tree is not `resting` its fields are painted by it, and the real ones stay out of sight, but
+    /// keep the focus and take the keys.
+    void sync(const Placed& tree, const QPoint& origin, bool resting);
 
     /// Moves the insertion point of the focused field, if there is one, behind its text.
     void caretToEnd();
 
  private:
     QLineEdit* make(Id id, const Placed& field);
-    void update(QLineEdit& edit, const Placed& field, bool resting);
+    void update(QLineEdit& edit, const Placed& field);
 
     QWidget& host_;
     QHash<Id, QLineEdit*> edits_;

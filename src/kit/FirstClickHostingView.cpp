@@ -97,6 +97,13 @@ QSizeF FirstClickHostingView::fittingSize() {
     return placed().rect.size();
 }
 
+void FirstClickHostingView::setMargins(const QMargins& margins) {
+    if (margins == margins_) return;
+    margins_ = margins;
+    present();
+    update();
+}
+
 void FirstClickHostingView::present() {
     const std::shared_ptr<const Placed> now = presentation_.at(seconds());
     if (presentation_.moving()) {
@@ -104,20 +111,21 @@ void FirstClickHostingView::present() {
     } else {
         frames_.stop();
     }
-    fields_.sync(presentation_.target(), !presentation_.moving());
+    fields_.sync(presentation_.target(), origin(), !presentation_.moving());
 
     QRegion region;
     for (const QRectF& rect : damage(*painted_, *now))
         region += rect.toAlignedRect();
     painted_ = now;
-    if (!region.isEmpty()) update(region);
+    if (!region.isEmpty()) update(region.translated(origin()));
 }
 
 void FirstClickHostingView::paintEvent(QPaintEvent* event) {
     if (!painted_->node) return;
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    QRegion region = event->region();
+    painter.translate(origin());
+    QRegion region = event->region().translated(-origin());
     if (region.rectCount() > mostPieces) region = region.boundingRect();
     for (const QRect& piece : region) {
         painter.setClipRect(piece);
@@ -129,14 +137,14 @@ void FirstClickHostingView::paintEvent(QPaintEvent* event) {
 
 void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) {
-        const auto path = hit(placed(), event->position(), hasMenu);
+        const auto path = hit(placed(), inView(event->position()), hasMenu);
         if (!path.empty()) {
             popUp(path.back()->node->interaction()->menu, event->globalPosition().toPoint());
         }
         return;
     }
     if (event->button() != Qt::LeftButton) return;
-    const auto path = hit(placed(), event->position(), takesPress);
+    const auto path = hit(placed(), inView(event->position()), takesPress);
     pressed_ = path.empty() ? std::nullopt : std::optional(path.back()->id);
     if (path.empty()) setFocus();
 }
@@ -144,7 +152,7 @@ void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
 void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressed_) return;
     const Id id = *std::exchange(pressed_, std::nullopt);
-    const auto path = hit(placed(), event->position(), takesPress);
+    const auto path = hit(placed(), inView(event->position()), takesPress);
     if (path.empty() || path.back()->id != id) return;
     // Held: what it does may build another tree.
     const auto press = path.back()->node->interaction()->press;
@@ -153,7 +161,7 @@ void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void FirstClickHostingView::mouseMoveEvent(QMouseEvent* event) {
-    hoverAt(event->position());
+    hoverAt(inView(event->position()));
 }
 
 void FirstClickHostingView::leaveEvent(QEvent*) {
@@ -182,13 +190,13 @@ void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {
 bool FirstClickHostingView::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const auto path = hit(placed(), QPointF(help->pos()), hasTooltip);
+        const auto path = hit(placed(), inView(help->pos()), hasTooltip);
         if (path.empty()) {
             QToolTip::hideText();
         } else {
             const Placed& over = *path.back();
             QToolTip::showText(help->globalPos(), plain(over.node->interaction()->tooltip), this,
-                               over.rect.toAlignedRect());
+                               over.rect.toAlignedRect().translated(origin()));
         }
         return true;
     }

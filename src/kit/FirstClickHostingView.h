@@ -38,6 +38,12 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// The ideal size of the body, in points, pending changes included.
     QSizeF fittingSize();
 
+    /// Room around the view, in the widget, for what it paints beyond its rectangle, in points.
+    void setMargins(const QMargins& margins);
+    const QMargins& margins() const { return margins_; }
+    /// From the widget's coordinates to the view's.
+    QPointF inView(const QPointF& point) const { return point - origin(); }
+
     /// Moves the insertion point of a focused text field behind its text.
     void caretToEnd() { fields_.caretToEnd(); }
 
@@ -54,6 +60,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
 
     void settle(const std::optional<Curve>& curve) override;
     void present();
+    QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
     void hoverAt(const std::optional<QPointF>& point);
     void popUp(const std::vector<MenuItem>& items, const QPoint& at);
@@ -66,6 +73,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     Fields fields_;
     QElapsedTimer clock_;
     QTimer frames_;
+    QMargins margins_;
     bool pending_ = true;
     bool scheduled_ = false;
     std::optional<Id> pressed_;

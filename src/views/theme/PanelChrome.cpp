@@ -24,16 +24,30 @@ View brandStripe() {
 // The desktop blurs what is behind the window where it can; here only the tint is laid over it.
 Colour backdrop(const PanelChromeSpec& options) {
     const Palette& palette = options.palette;
-    return options.solid || options.backing == Backing::opaque
+    return options.solid || options.backing != Backing::frosted
                ? palette.tint
                : palette.tint.opacity(palette.tintOpacity);
 }
 
+CornerRadii corners(const PanelChromeSpec& options) {
+    if (options.solid) return {solidTopRadius, solidTopRadius, bottomRadius, bottomRadius};
+    if (options.backing == Backing::square) return {};
+    return {0, 0, bottomRadius, bottomRadius};
+}
+
 }  // namespace
 
+const DropShadow& panelShadow() {
+    static const DropShadow shadow{.radii = {0, 0, bottomRadius, bottomRadius},
+                                   .colour = black.opacity(0.4),
+                                   .blur = 22,
+                                   .below = 8};
+    return shadow;
+}
+
 View panelChrome(const PanelChromeSpec& options, View content) {
-    const double top = options.solid ? solidTopRadius : 0;
-    const Shape outline = roundedRectangle(CornerRadii{top, top, bottomRadius, bottomRadius});
+    const Shape outline = roundedRectangle(corners(options));
+    const bool castsShadow = !options.solid && options.backing == Backing::frosted;
 
     return vstack({.align = Horizontal::leading, .spacing = 0},
                   {
@@ -44,6 +58,7 @@ View panelChrome(const PanelChromeSpec& options, View content) {
         .background(rectangle().fill(backdrop(options)))
         .clip(outline)
         .overlay(outline.strokeInside(options.palette.border, 1))
+        .background(when(castsShadow, [] { return dropShadow(panelShadow()); }))
         .fixedSize();
 }
 

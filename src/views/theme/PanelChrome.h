@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/DropShadow.h"
 #include "kit/View.h"
 #include "views/theme/Palette.h"
 
@@ -7,8 +8,9 @@ namespace noonward {
 
 /// What lies behind a panel's content.
 enum class Backing {
-    opaque,  ///< the plain tint: pictures, and screens without a compositor
-    frosted  ///< the tint over what the desktop shows, blurred, behind the window
+    opaque,  ///< the plain tint: pictures
+    square,  ///< the plain tint up to the corners: windows that cannot be translucent
+    frosted  ///< the tint over what the desktop shows, blurred, behind the window; casts a shadow
 };
 
 struct PanelChromeSpec {
@@ -16,6 +18,9 @@ struct PanelChromeSpec {
     bool solid = false;  ///< free-standing: all corners round; otherwise it hangs from an edge
     Backing backing = Backing::opaque;
 };
+
+/// What a frosted panel casts.
+const kit::DropShadow& panelShadow();
 
 /// The frame of every panel around its content, exactly as large as that asks for: brand stripe,
 /// background, corners and border.

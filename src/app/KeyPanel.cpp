@@ -1,0 +1,53 @@
+#include "app/KeyPanel.h"
+
+namespace noonward {
+
+KeyPanel::KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHostingView> content,
+                   Options options)
+    : windows_(windows), content_(content.release()), options_(std::move(options)) {
+    content_->setParent(this);
+    setAttribute(Qt::WA_AlwaysShowToolTips);
+    windows_.adopt(*this, options_.level);
+    setFocusProxy(content_);
+}
+
+void KeyPanel::setFrame(const QRectF& frame) {
+    frame_ = frame;
+    place();
+}
+
+// The margins lie outside the frame, and outside what the pointer can meet.
+void KeyPanel::place() {
+    const QRect window = frame_.toAlignedRect().marginsAdded(margins_);
+    if (window.isEmpty()) return;
+    setGeometry(window);
+    const QRect inside = QRect(QPoint(0, 0), window.size()).marginsRemoved(margins_);
+    windows_.setInputRegion(*this, inside);
+    if (options_.blurred) windows_.setBlurBehind(*this, inside);
+}
+
+void KeyPanel::orderFront() {
+    const bool compositing = windows_.compositing();
+    margins_ = compositing ? options_.shadow : QMargins();
+    content_->setMargins(margins_);
+    options_.onShow(compositing);
+    place();
+    show();
+    windows_.raise(*this);
+}
+
+void KeyPanel::makeKey() {
+    windows_.takeKeys(*this);
+}
+
+void KeyPanel::orderOut() {
+    if (!isVisible()) return;
+    windows_.giveKeysBack(*this);
+    hide();
+}
+
+void KeyPanel::resizeEvent(QResizeEvent*) {
+    content_->setGeometry(rect());
+}
+
+}  // namespace noonward

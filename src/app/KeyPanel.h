@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "kit/FirstClickHostingView.h"
+#include "platform/Window.h"
+#include "platform/WindowSystem.h"
+
+namespace noonward {
+
+/// A borderless window that can have the keys although the program is never the active one. What
+/// it shows fills its frame; where the desktop can, the content's shadow is painted around that.
+class KeyPanel final : public QWidget, public Window {
+ public:
+    struct Options {
+        WindowSystem::Level level = WindowSystem::Level::panel;
+        QMargins shadow;       ///< room that the content paints its shadow into, points
+        bool blurred = false;  ///< what lies behind it is blurred, where the desktop can
+        /// Told before each showing whether the window can be translucent.
+        std::function<void(bool compositing)> onShow = [](bool) {};
+    };
+
+    KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHostingView> content,
+             Options options);
+
+    kit::FirstClickHostingView& content() { return *content_; }
+
+    QRectF frame() const override { return frame_; }
+    void setFrame(const QRectF& frame) override;
+    QSizeF fittingSize() override { return content_->fittingSize(); }
+    void orderFront() override;
+    void makeKey() override;
+    void orderOut() override;
+    bool visible() const override { return isVisible(); }
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    void place();
+
+    WindowSystem& windows_;
+    kit::FirstClickHostingView* content_;
+    Options options_;
+    QRectF frame_;
+    QMargins margins_;
+};
+
+}  // namespace noonward
