@@ -81,6 +81,10 @@ void Fields::update(QLineEdit& edit, const Placed& field) {
     if (palette != edit.palette()) edit.setPalette(palette);
 }
 
+QWidget* Fields::widget(Id id) const {
+    return edits_.value(id);
+}
+
 void Fields::caretToEnd() {
     for (QLineEdit* edit : std::as_const(edits_)) {
         if (edit->hasFocus()) edit->end(false);

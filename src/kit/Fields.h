@@ -22,6 +22,9 @@ class Fields {
     /// keep the focus and take the keys.
     void sync(const Placed& tree, const QPoint& origin, bool resting);
 
+    /// The widget of a field; null where there is none.
+    QWidget* widget(Id id) const;
+
     /// Moves the insertion point of the focused field, if there is one, behind its text.
     void caretToEnd();
 

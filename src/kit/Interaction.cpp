@@ -1,5 +1,6 @@
 #include "kit/Interaction.h"
 
+#include "kit/Description.h"
 #include "kit/Node.h"
 #include "kit/Placed.h"
 
@@ -19,6 +20,18 @@ class InteractionNode final : public Wrapper {
  private:
     std::string name_;
     Interaction interaction_;
+};
+
+class DescribedNode final : public Wrapper {
+ public:
+    DescribedNode(View child, Description description)
+        : Wrapper(std::move(child)), description_(std::move(description)) {}
+
+    const Description* accessible() const override { return &description_; }
+    std::string description() const override { return "described \"" + description_.name + "\""; }
+
+ private:
+    Description description_;
 };
 
 View interactive(const View& child, const char* name, Interaction interaction) {
@@ -44,6 +57,10 @@ View View::onHover(std::function<void(std::optional<QPointF>)> hover) const {
     Interaction interaction;
     interaction.hover = std::move(hover);
     return interactive(*this, "hover", std::move(interaction));
+}
+
+View View::described(const Description& description) const {
+    return *this ? View(std::make_shared<DescribedNode>(*this, description)) : View();
 }
 
 View View::onTap(std::function<void()> tap) const {

@@ -11,6 +11,7 @@
 
 namespace kit {
 
+struct Description;
 struct Placed;
 class Painting;
 
@@ -67,6 +68,7 @@ class Node {
 
     virtual const Interaction* interaction() const { return nullptr; }
     virtual const TextFieldSpec* textField() const { return nullptr; }
+    virtual const Description* accessible() const { return nullptr; }
 
     /// One word and its arguments, for the text dump: `text "London"`.
     virtual std::string description() const = 0;

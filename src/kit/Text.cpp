@@ -3,6 +3,7 @@
 #include <QString>
 #include <algorithm>
 
+#include "kit/Description.h"
 #include "kit/Painting.h"
 
 namespace kit {
@@ -46,6 +47,9 @@ class TextNode final : public Node {
         for (const TextRun& run : runs) {
             runs_.push_back({singleLine(run.text), run.font, run.colour});
         }
+        said_.role = Role::text;
+        for (const Run& run : runs_)
+            said_.name += run.text.toStdString();
     }
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
@@ -94,12 +98,9 @@ class TextNode final : public Node {
         return same && same->runs_ == runs_;
     }
 
-    std::string description() const override {
-        std::string line;
-        for (const Run& run : runs_)
-            line += run.text.toStdString();
-        return "text \"" + line + "\"";
-    }
+    std::string description() const override { return "text \"" + said_.name + "\""; }
+
+    const Description* accessible() const override { return &said_; }
 
  private:
     struct Run {
@@ -138,6 +139,7 @@ class TextNode final : public Node {
     }
 
     std::vector<Run> runs_;
+    Description said_;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "kit/Description.h"
 #include "kit/Painting.h"
 
 namespace kit {
@@ -10,7 +11,9 @@ namespace {
 class TileNode final : public Node {
  public:
     TileNode(std::string key, QSizeF size, std::string says, std::function<View()> build)
-        : key_(std::move(key)), size_(size), says_(std::move(says)), build_(std::move(build)) {}
+        : key_(std::move(key)), size_(size), build_(std::move(build)) {
+        said_ = {.role = Role::cell, .name = std::move(says), .value = {}};
+    }
 
     QSizeF measure(const Proposal&, const Environment&) const override { return size_; }
 
@@ -36,7 +39,9 @@ class TileNode final : public Node {
         return same && same->key_ == key_ && same->size_ == size_;
     }
 
-    std::string description() const override { return "tile \"" + says_ + "\" " + key_; }
+    std::string description() const override { return "tile \"" + said_.name + "\" " + key_; }
+
+    const Description* accessible() const override { return &said_; }
 
  private:
     Placed layOutAt(const Placed& self) const {
@@ -60,7 +65,7 @@ class TileNode final : public Node {
 
     std::string key_;
     QSizeF size_;
-    std::string says_;
+    Description said_;
     std::function<View()> build_;
 };
 

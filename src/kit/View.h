@@ -14,6 +14,7 @@ namespace kit {
 
 class Node;
 class Shape;
+struct Description;
 struct MenuItem;
 
 /// A position in a horizontal gradient mask: 0 is the leading edge, 1 the trailing one.
@@ -71,6 +72,9 @@ class View {
     View contextMenu(std::vector<MenuItem> items) const;
     View tooltip(std::string text) const;
     View onHover(std::function<void(std::optional<QPointF>)> hover) const;
+
+    /// What it is to those who cannot see it, and all that is inside of it with it.
+    View described(const Description& description) const;
 
     /// Any modifier of one's own: `view.modified(inCapsule)`.
     View modified(const std::function<View(View)>& modifier) const { return modifier(*this); }

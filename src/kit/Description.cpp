@@ -1,0 +1,81 @@
+#include "kit/Description.h"
+
+#include "kit/Node.h"
+
+namespace kit {
+namespace {
+
+std::string textIn(const Placed& placed) {
+    std::string all;
+    walk(placed, [&all](const Placed& below) {
+        const Description* said = below.node->accessible();
+        if (!said || said->role != Role::text || said->name.empty()) return;
+        all += (all.empty() ? "" : " ") + said->name;
+    });
+    return all;
+}
+
+const std::string* tooltipIn(const Placed& placed) {
+    const Placed* found = find(placed, [](const Placed& below) {
+        return below.node->interaction() && !below.node->interaction()->tooltip.empty();
+    });
+    return found ? &found->node->interaction()->tooltip : nullptr;
+}
+
+void collect(const Placed& placed, const std::string* tooltip, std::vector<Element>& into);
+
+void collectChildren(const Placed& placed, const std::string* tooltip, std::vector<Element>& into) {
+    for (const Placed& child : placed.children)
+        collect(child, tooltip, into);
+}
+
+Element button(const Placed& placed, const std::string* tooltip) {
+    if (!tooltip) tooltip = tooltipIn(placed);
+    const Description* said = placed.node->accessible();
+    Element element{.id = placed.id, .role = Role::button, .rect = placed.rect};
+    element.name = said && !said->name.empty() ? said->name : textIn(placed);
+    if (tooltip && element.name.empty()) {
+        element.name = *tooltip;
+    } else if (tooltip) {
+        element.help = *tooltip;
+    }
+    element.press = placed.node->interaction()->press;
+    return element;
+}
+
+void collect(const Placed& placed, const std::string* tooltip, std::vector<Element>& into) {
+    const Interaction* interaction = placed.node->interaction();
+    if (interaction && !interaction->tooltip.empty()) tooltip = &interaction->tooltip;
+    if (interaction && interaction->press) {
+        into.push_back(button(placed, tooltip));
+        return;
+    }
+    if (placed.node->textField()) {
+        into.push_back({.id = placed.id,
+                        .role = Role::field,
+                        .name = placed.node->textField()->placeholder,
+                        .rect = placed.rect});
+        return;
+    }
+    const Description* said = placed.node->accessible();
+    if (!said) return collectChildren(placed, tooltip, into);
+
+    Element element{.id = placed.id,
+                    .role = said->role,
+                    .name = said->name,
+                    .value = said->value,
+                    .rect = placed.rect};
+    if (tooltip) element.help = *tooltip;
+    collectChildren(placed, nullptr, element.children);
+    into.push_back(std::move(element));
+}
+
+}  // namespace
+
+std::vector<Element> elements(const Placed& root) {
+    std::vector<Element> result;
+    if (root.node) collect(root, nullptr, result);
+    return result;
+}
+
+}  // namespace kit
