@@ -126,7 +126,9 @@ class AccessibleElement final : public QAccessibleInterface, public QAccessibleA
 class AccessibleView final : public QAccessibleWidget {
  public:
     explicit AccessibleView(FirstClickHostingView& view)
-        : QAccessibleWidget(&view, QAccessible::Client), view_(view) {}
+        : QAccessibleWidget(&view, QAccessible::Client), view_(view) {
+        view_.onRebuilt = [this] { rebuilt(); };
+    }
     ~AccessibleView() override {
         for (const QAccessible::Id interface : std::as_const(interfaces_))
             QAccessible::deleteAccessibleInterface(interface);
@@ -249,11 +251,6 @@ QAccessibleInterface* make(const QString&, QObject* object) {
 
 void installAccessibility() {
     QAccessible::installFactory(make);
-}
-
-void announceRebuilt(FirstClickHostingView& view) {
-    if (!QAccessible::isActive()) return;
-    if (AccessibleView* interface = viewInterface(&view)) interface->rebuilt();
 }
 
 }  // namespace kit

@@ -2,12 +2,8 @@
 
 namespace kit {
 
-class FirstClickHostingView;
-
-/// Offers what hosting views show to screen readers. Call once, before the first of them is asked.
+/// Offers what hosting views show to screen readers. Each thing keeps its interface through every
+/// rebuild, for as long as it is there. Call once, before the first view is shown.
 void installAccessibility();
-
-/// Tells screen readers that a view shows something else; what is gone is forgotten.
-void announceRebuilt(FirstClickHostingView& view);
 
 }  // namespace kit

@@ -8,7 +8,6 @@
 #include <QTextDocument>
 #include <QToolTip>
 
-#include "kit/Accessibility.h"
 #include "kit/Damage.h"
 #include "kit/Painting.h"
 
@@ -85,7 +84,7 @@ void FirstClickHostingView::settle(const std::optional<Curve>& curve) {
     pending_ = false;
     presentation_.show(layOut(body_(), environment_), curve, seconds());
     present();
-    announceRebuilt(*this);
+    if (onRebuilt) onRebuilt();
     // What lies under a resting pointer may be something else now.
     if (pointer_) hoverAt(pointer_);
 }

@@ -44,6 +44,9 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// From the widget's coordinates to the view's.
     QPointF inView(const QPointF& point) const { return point - origin(); }
 
+    /// Called after each change of what is placed.
+    std::function<void()> onRebuilt;
+
     /// The widget behind a text field; null where there is none.
     QWidget* realField(Id id) const { return fields_.widget(id); }
 

@@ -95,7 +95,8 @@ Placed Presentation::presented(const Placed& target, double now) const {
             for (std::size_t i = 0; i < values.size(); ++i)
                 values[i] += glide.behind[i] * left;
         }
-        result.rect = {values[0], values[1], values[2], values[3]};
+        // A spring may swing past nothing.
+        result.rect = {values[0], values[1], std::max(values[2], 0.0), std::max(values[3], 0.0)};
         if (values.size() > 4) {
             result.node = target.node->withNumbers({values.begin() + 4, values.end()});
         }
