@@ -125,6 +125,7 @@ class ClipNode final : public Wrapper {
         }
     }
     QRectF bounds(const Placed& self) const override { return self.rect; }
+    bool cutsOff() const override { return true; }
     std::optional<QPointF> inChildren(const Placed& self, const QPointF& point) const override {
         return shape_.path(self.rect).contains(point) ? std::optional(point) : std::nullopt;
     }

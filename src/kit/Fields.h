@@ -1,21 +1,32 @@
 #pragma once
 
 #include <QHash>
-#include <QPointer>
+#include <functional>
+#include <memory>
 
 #include "kit/Placed.h"
 
-class QLineEdit;
 class QWidget;
 
 namespace kit {
 
-/// The real text fields of a hosted tree, kept by identity: selection, undo, clipboard and input
-/// methods come with them. A focused field keeps its own text.
+/// A field that the user can type into, as a widget.
+class RealField {
+ public:
+    virtual ~RealField() = default;
+    virtual QWidget& widget() = 0;
+    /// Brings it in step with its view. While it has the focus it keeps its own text.
+    virtual void update(const Placed& field) = 0;
+    virtual void caretToEnd() = 0;
+};
+
+/// The real text and date fields of a hosted tree, kept by identity: selection, undo, clipboard and
+/// input methods come with them.
 class Fields {
  public:
     /// Fields become children of `host`, which must outlive this.
-    explicit Fields(QWidget& host) : host_(host) {}
+    explicit Fields(QWidget& host);
+    ~Fields();
 
     /// Brings the fields in step with the tree, whose corner is at `origin` in the host. While the
     /// tree is not `resting` its fields are painted by it, and the real ones stay out of sight, but
@@ -24,17 +35,25 @@ class Fields {
 
     /// The widget of a field; null where there is none.
     QWidget* widget(Id id) const;
+    /// The field that has the focus; nothing where none has.
+    std::optional<Id> focused() const;
 
     /// Moves the insertion point of the focused field, if there is one, behind its text.
     void caretToEnd();
 
  private:
-    QLineEdit* make(Id id, const Placed& field);
-    void update(QLineEdit& edit, const Placed& field);
+    void collect(const Placed& placed, const QRectF& visible);
+    void removeOthers();
+    void place(RealField& field, const QRectF& rect, const QRectF& visible, const QPoint& origin);
+
+    struct Wanted {
+        const Placed* field;
+        QRectF visible;  // the part that nothing around it cuts off
+    };
 
     QWidget& host_;
-    QHash<Id, QLineEdit*> edits_;
-    QHash<Id, TextFieldSpec> specs_;
+    QHash<Id, Wanted> wanted_;
+    std::map<Id, std::unique_ptr<RealField>> fields_;
 };
 
 }  // namespace kit

@@ -1,5 +1,6 @@
 #include "kit/FirstClickHostingView.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -7,6 +8,7 @@
 #include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
+#include <QWheelEvent>
 
 #include "kit/Damage.h"
 #include "kit/Painting.h"
@@ -32,6 +34,38 @@ bool hasTooltip(const Placed& placed) {
 bool hasMenu(const Placed& placed) {
     const Interaction* interaction = placed.node->interaction();
     return interaction && !interaction->menu.empty();
+}
+
+// Where a scrolled view is now, and how far it can go, in points.
+double position(const Placed& scrolled) {
+    return scrolled.rect.top() - scrolled.children.front().rect.top();
+}
+double mostPosition(const Placed& scrolled) {
+    return std::max(0.0, scrolled.children.front().rect.height() - scrolled.rect.height());
+}
+
+void scrollTo(const Placed& scrolled, double wanted) {
+    const double target = std::clamp(wanted, 0.0, mostPosition(scrolled));
+    if (target == position(scrolled)) return;
+    const auto scroll = scrolled.node->interaction()->scrollTo;
+    scroll(target);
+}
+
+bool scrolls(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->scrollTo;
+}
+
+// The nodes from the root down to the one of that identity; empty without it.
+std::vector<const Placed*> pathTo(const Placed& root, Id id) {
+    if (root.id == id) return {&root};
+    for (const Placed& child : root.children) {
+        std::vector<const Placed*> path = pathTo(child, id);
+        if (path.empty()) continue;
+        path.insert(path.begin(), &root);
+        return path;
+    }
+    return {};
 }
 
 // Names are the user's: none is to be taken for markup.
@@ -60,6 +94,7 @@ FirstClickHostingView::FirstClickHostingView(Animations& animations, Environment
     clock_.start();
     frames_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&frames_, &QTimer::timeout, this, [this] { present(); });
+    QObject::connect(qApp, &QApplication::focusChanged, this, [this] { showFocusedField(); });
 }
 
 double FirstClickHostingView::seconds() const {
@@ -167,6 +202,30 @@ void FirstClickHostingView::mouseMoveEvent(QMouseEvent* event) {
 
 void FirstClickHostingView::leaveEvent(QEvent*) {
     hoverAt(std::nullopt);
+}
+
+void FirstClickHostingView::wheelEvent(QWheelEvent* event) {
+    const auto path = hit(placed(), inView(event->position()), scrolls);
+    if (path.empty()) return;
+    // A notch of a wheel is 120 of its units, and three lines of text.
+    constexpr double pointsPerUnit = 48.0 / 120;
+    const double pixels = event->pixelDelta().y();
+    scrollTo(*path.back(), position(*path.back()) -
+                               (pixels != 0 ? pixels : event->angleDelta().y() * pointsPerUnit));
+}
+
+// A field that the focus has come to is scrolled into sight.
+void FirstClickHostingView::showFocusedField() {
+    const std::optional<Id> focused = fields_.focused();
+    if (focused == std::exchange(focusedField_, focused) || !focused) return;
+    const auto path = pathTo(presentation_.target(), *focused);
+    for (const Placed* outer : path) {
+        if (!scrolls(*outer)) continue;
+        const QRectF field = path.back()->rect;
+        const double down = std::max(0.0, field.bottom() - outer->rect.bottom());
+        const double up = std::max(0.0, outer->rect.top() - field.top());
+        scrollTo(*outer, position(*outer) + down - up);
+    }
 }
 
 void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {

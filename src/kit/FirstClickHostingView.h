@@ -60,6 +60,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
  private:
     using Hover = std::function<void(std::optional<QPointF>)>;
@@ -68,6 +69,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void present();
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
+    void showFocusedField();
     void hoverAt(const std::optional<QPointF>& point);
     void popUp(const std::vector<MenuItem>& items, const QPoint& at);
 
@@ -84,6 +86,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     bool scheduled_ = false;
     std::optional<Id> pressed_;
     std::optional<QPointF> pointer_;
+    std::optional<Id> focusedField_;
     std::map<Id, Hover> hovered_;
 };
 

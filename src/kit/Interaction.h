@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QPointF>
 #include <functional>
 #include <optional>
@@ -21,6 +22,8 @@ struct Interaction {
     /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.
     std::function<void(std::optional<QPointF>)> hover;
     std::vector<MenuItem> menu;  ///< of a secondary click
+    /// Asks for another position of what can be scrolled, in points from its top.
+    std::function<void(double position)> scrollTo;
 };
 
 /// A line of text the user edits.
@@ -30,6 +33,12 @@ struct TextFieldSpec {
     std::function<void(std::string)> onEdit;
     std::function<void()> onSubmit;  ///< the Return key
     bool focusOnAppear = false;
+};
+
+/// A day the user sets.
+struct DateFieldSpec {
+    QDate day;
+    std::function<void(QDate)> onChange;
 };
 
 }  // namespace kit

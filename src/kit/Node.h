@@ -46,6 +46,9 @@ class Node {
         return point;
     }
 
+    /// Whether its children are cut off at its rectangle, or inside of it.
+    virtual bool cutsOff() const { return false; }
+
     /// Whether it paints by itself, its children apart, what `other` paints in the same place with
     /// the same environment.
     virtual bool paintsLike(const Node& other) const;
@@ -68,6 +71,7 @@ class Node {
 
     virtual const Interaction* interaction() const { return nullptr; }
     virtual const TextFieldSpec* textField() const { return nullptr; }
+    virtual const DateFieldSpec* dateField() const { return nullptr; }
     virtual const Description* accessible() const { return nullptr; }
 
     /// One word and its arguments, for the text dump: `text "London"`.

@@ -43,7 +43,38 @@ class TextFieldNode final : public Node {
     TextFieldSpec field_;
 };
 
+class DateFieldNode final : public Node {
+ public:
+    explicit DateFieldNode(DateFieldSpec field) : field_(std::move(field)) {}
+
+    QSizeF measure(const Proposal& proposal, const Environment& env) const override {
+        return line()->measure(proposal, env);
+    }
+    double firstBaseline(const QSizeF& size, const Environment& env) const override {
+        return line()->firstBaseline(size, env);
+    }
+    void place(Placed& self) const override { self.add(0, line(), self.rect); }
+    void paint(const Placed& self, Painting& painting) const override {
+        if (!painting.fieldsLeftOut()) painting.paintChildren(self);
+    }
+    const DateFieldSpec* dateField() const override { return &field_; }
+    std::string description() const override { return "date field"; }
+
+ private:
+    View line() const { return text(field_.day.toString(dateFormat()).toStdString()); }
+
+    DateFieldSpec field_;
+};
+
 }  // namespace
+
+QString dateFormat() {
+    return QStringLiteral("dd/MM/yyyy");
+}
+
+View dateField(DateFieldSpec field) {
+    return View(std::make_shared<DateFieldNode>(std::move(field)));
+}
 
 View textField(TextFieldSpec field) {
     return View(std::make_shared<TextFieldNode>(std::move(field)));

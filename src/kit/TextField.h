@@ -12,4 +12,10 @@ inline constexpr double placeholderOpacity = 0.45;
 /// shows its placeholder, dimmed.
 View textField(TextFieldSpec field);
 
+/// A day to set part by part: day, month, year, as wide as it is written.
+View dateField(DateFieldSpec field);
+
+/// How fields write days, in the letters of QDate::toString.
+QString dateFormat();
+
 }  // namespace kit

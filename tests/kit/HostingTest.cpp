@@ -2,13 +2,16 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDateEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include "kit/Accessibility.h"
 #include "kit/FirstClickHostingView.h"
+#include "kit/Scroll.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -28,6 +31,7 @@ class Window {
  public:
     explicit Window(FirstClickHostingView::Body body)
         : view(animations, environment, std::move(body)) {
+        view.setFocus();
         view.resize(view.fittingSize().toSize());
         view.show();
         QApplication::setActiveWindow(&view);
@@ -192,6 +196,57 @@ TEST(Hosting, AFieldInMotionKeepsTheKeys) {
     EXPECT_FALSE(window.view.rect().intersects(field->geometry())) << "its text is painted";
     window.key(Qt::Key_7, "7");
     EXPECT_EQ(edited.stored, "7");
+}
+
+// Four boxes of 30 and a field below, in room for 50.
+TEST(Hosting, ScrollsByWheelAndByFocus) {
+    double position = 0;
+    Window* self = nullptr;
+    const auto field = [] { return textField({.text = "x", .placeholder = "a name"}); };
+    Window window([&] {
+        return scroll(vstack({}, {box(60, 30), box(60, 30), box(60, 30), field(), field()}),
+                      position,
+                      [&](double to) {
+                          position = to;
+                          self->view.invalidate();
+                      })
+            .frame({.width = 60, .height = 50});
+    });
+    self = &window;
+    const double most = 90 + 2 * metrics(environment.font).lineHeight - 50;
+    const auto wheel = [&](int units) {
+        QWheelEvent event({10, 10}, window.view.mapToGlobal(QPointF(10, 10)), {}, {0, units},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&window.view, &event);
+        window.view.refresh();
+        return position;
+    };
+    EXPECT_EQ(wheel(120), 0) << "nothing above";
+    EXPECT_EQ(wheel(-60), 24);
+    EXPECT_EQ(wheel(-1200), most);
+    EXPECT_EQ(wheel(1200), 0);
+
+    const auto fields = window.view.findChildren<QLineEdit*>();
+    ASSERT_EQ(fields.size(), 2);
+    EXPECT_FALSE(window.view.rect().intersects(fields[1]->geometry())) << "scrolled out of sight";
+    fields[0]->setFocus();
+    window.view.refresh();
+    EXPECT_EQ(position, most - metrics(environment.font).lineHeight);
+    fields[1]->setFocus();
+    window.view.refresh();
+    EXPECT_EQ(position, most);
+    EXPECT_TRUE(window.view.rect().contains(fields[1]->geometry().center()));
+}
+
+TEST(Hosting, ADateIsSetPartByPart) {
+    QDate day(2026, 2, 3);
+    Window window([&] { return dateField({.day = day, .onChange = [&](QDate to) { day = to; }}); });
+    auto* field = window.view.findChild<QDateEdit*>();
+    ASSERT_TRUE(field);
+    field->setFocus();
+    field->setSelectedSection(QDateTimeEdit::DaySection);
+    window.key(Qt::Key_Up, {});
+    EXPECT_EQ(day, QDate(2026, 2, 4));
 }
 
 TEST(Hosting, AMenuOutlivesItsWindow) {
