@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/WindowSystem.h"
+#include "platform/linux/X11.h"
+
+namespace noonward {
+
+/// Borrows the keyboard for a window that no window manager knows, and gives it back.
+class X11Focus {
+ public:
+    /// Both must outlive this object.
+    X11Focus(X11& x11, PressesElsewhere& presses);
+
+    void take(QWidget& window);
+    void giveBack(QWidget& window);
+
+ private:
+    void watch(const xcb_generic_event_t& event, std::uint8_t type);
+    void claim();
+    bool set(xcb_timestamp_t time);
+    void activate();
+    void reclaim();
+    xcb_window_t focused() const;
+    xcb_window_t topLevelOf(xcb_window_t window) const;
+
+    X11& x11_;
+    PressesElsewhere& presses_;
+    QPointer<QWidget> window_;  // who is to have the keys
+    xcb_window_t before_ = XCB_WINDOW_NONE;
+    bool awaitsMap_ = false;
+    bool pressed_ = false;  // elsewhere, since the keys were taken: the user has turned away
+    int reclaimsLeft_ = 0;
+    QPoint pointer_;  // where it was at the latest claim, in pixels
+    QObject context_;
+    Subscription events_;
+    Subscription pressWatch_;
+};
+
+}  // namespace noonward

@@ -1,0 +1,109 @@
+#include "platform/linux/X11Keyboard.h"
+
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <QKeyEvent>
+#include <array>
+
+namespace noonward {
+namespace {
+
+// The core protocol's state (XKB protocol, 2.1): modifiers below, the layout in two bits above.
+constexpr std::uint32_t modifierBits = 0xff;
+constexpr std::uint32_t layoutShift = 13;
+constexpr std::uint32_t layoutBits = 3;
+
+// The kinds of an XKB event, its second byte.
+constexpr std::uint8_t newKeyboardNotify = 0;
+constexpr std::uint8_t mapNotify = 1;
+
+struct ReleaseState {
+    void operator()(xkb_state* state) const { xkb_state_unref(state); }
+};
+
+KeyPress::Key keyOf(int key) {
+    switch (key) {
+        case Qt::Key_Escape:
+            return KeyPress::Key::escape;
+        case Qt::Key_Left:
+            return KeyPress::Key::leftArrow;
+        case Qt::Key_Right:
+            return KeyPress::Key::rightArrow;
+        default:
+            return KeyPress::Key::other;
+    }
+}
+
+// Modifiers that make commands, not characters.
+std::uint32_t commandModifiers(xkb_keymap* keymap) {
+    std::uint32_t result = 0;
+    for (const char* name : {XKB_MOD_NAME_CTRL, XKB_MOD_NAME_ALT, XKB_MOD_NAME_LOGO}) {
+        const xkb_mod_index_t index = xkb_keymap_mod_get_index(keymap, name);
+        if (index < 32) result |= 1U << index;
+    }
+    return result;
+}
+
+}  // namespace
+
+void X11Keyboard::Release::operator()(xkb_context* context) const {
+    xkb_context_unref(context);
+}
+
+void X11Keyboard::Release::operator()(xkb_keymap* keymap) const {
+    xkb_keymap_unref(keymap);
+}
+
+X11Keyboard::X11Keyboard(X11& x11) : x11_(x11) {
+    // Qt has asked the server for these notices: it needs them itself.
+    events_ = x11_.onEvent([this](const xcb_generic_event_t& event, std::uint8_t type) {
+        const bool isChange = type == XCB_MAPPING_NOTIFY ||
+                              (type == keyboardEvent_ &&
+                               (event.pad0 == newKeyboardNotify || event.pad0 == mapNotify));
+        if (isChange) keymap_.reset();
+    });
+}
+
+X11Keyboard::~X11Keyboard() = default;
+
+KeyPress X11Keyboard::read(const QKeyEvent& event) const {
+    return {.key = keyOf(event.key()),
+            .shift = event.modifiers().testFlag(Qt::ShiftModifier),
+            .command = event.modifiers().testFlag(Qt::ControlModifier),
+            .characters = event.text().toStdString(),
+            .charactersUnmodified = unmodified(event)};
+}
+
+xkb_keymap* X11Keyboard::keymap() const {
+    if (keymap_) return keymap_.get();
+    if (!context_) {
+        std::uint8_t firstEvent = 0;
+        if (!xkb_x11_setup_xkb_extension(
+                x11_.connection(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &firstEvent, nullptr))
+            return nullptr;
+        keyboardEvent_ = firstEvent;
+        context_.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
+    }
+    if (!context_) return nullptr;
+    const std::int32_t device = xkb_x11_get_core_keyboard_device_id(x11_.connection());
+    if (device >= 0)
+        keymap_.reset(xkb_x11_keymap_new_from_device(context_.get(), x11_.connection(), device,
+                                                     XKB_KEYMAP_COMPILE_NO_FLAGS));
+    return keymap_.get();
+}
+
+std::string X11Keyboard::unmodified(const QKeyEvent& event) const {
+    const std::uint32_t code = event.nativeScanCode();
+    xkb_keymap* map = code != 0 ? keymap() : nullptr;
+    const std::unique_ptr<xkb_state, ReleaseState> state(map ? xkb_state_new(map) : nullptr);
+    if (!state) return event.text().toStdString();
+    const std::uint32_t native = event.nativeModifiers();
+    xkb_state_update_mask(state.get(), native & modifierBits & ~commandModifiers(map), 0, 0, 0, 0,
+                          native >> layoutShift & layoutBits);
+    std::array<char, 64> text{};  // longer ones are cut
+    xkb_state_key_get_utf8(state.get(), code, text.data(), text.size());
+    return text.data();
+}
+
+}  // namespace noonward
