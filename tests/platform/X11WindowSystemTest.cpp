@@ -1,0 +1,224 @@
+#include "platform/linux/X11WindowSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QWidget>
+#include <algorithm>
+
+#include "platform/linux/X11PressesElsewhere.h"
+#include "support/OtherClient.h"
+#include "support/Wait.h"
+
+namespace noonward::test {
+namespace {
+
+constexpr QRect where{300, 100, 200, 150};
+
+xcb_window_t idOf(const QWidget& widget) {
+    return static_cast<xcb_window_t>(widget.internalWinId());
+}
+
+class X11WindowSystemTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        other.movePointer({5, 700});
+        windows.adopt(panel, WindowSystem::Level::panel);
+        windows.adopt(cap, WindowSystem::Level::cap);
+        for (QWidget* each : {&panel, &cap})
+            each->setGeometry(where);
+    }
+
+    void show(QWidget& window) {
+        window.show();
+        windows.raise(window);
+    }
+
+    /// Whether, from back to front, the windows come in this order.
+    bool areInOrder(std::vector<xcb_window_t> wanted) {
+        const auto children = other.stack();
+        auto from = children.begin();
+        for (const xcb_window_t window : wanted) {
+            from = std::find(from, children.end(), window);
+            if (from == children.end()) return false;
+        }
+        return true;
+    }
+
+    bool hasKeys(xcb_window_t window) {
+        return eventually([&] { return other.focused() == window; });
+    }
+
+    OtherClient other;
+    std::unique_ptr<X11> x11 = X11::connect();
+    X11Stack stack{*x11};
+    X11PressesElsewhere presses{*x11};
+    X11WindowSystem windows{*x11, stack, presses};
+    QWidget panel;
+    QWidget cap;
+};
+
+TEST_F(X11WindowSystemTest, KeepsOursInFrontAndInOrder) {
+    show(cap);
+    show(panel);
+    EXPECT_TRUE(areInOrder({idOf(panel), idOf(cap)}));
+
+    const xcb_window_t ordinary = other.show(where);
+    EXPECT_TRUE(eventually([&] { return areInOrder({ordinary, idOf(panel), idOf(cap)}); }));
+    other.show(where);
+    const xcb_window_t notice = other.show(where, 0, true);
+    other.raise(ordinary);
+    EXPECT_TRUE(eventually([&] { return areInOrder({ordinary, idOf(panel), idOf(cap)}); }));
+
+    QMenu menu;
+    menu.addAction("Quit");
+    menu.popup(where.center());
+    windows.raise(panel);
+    EXPECT_TRUE(eventually([&] {
+        return areInOrder({notice, idOf(panel), idOf(cap), idOf(menu)});
+    }));
+    other.raise(ordinary);
+    EXPECT_TRUE(eventually([&] {
+        return areInOrder({ordinary, idOf(panel), idOf(cap), idOf(menu)});
+    }));
+}
+
+TEST_F(X11WindowSystemTest, LeavesWhatOthersPutInFrontOnPurpose) {
+    show(panel);
+    const xcb_window_t notice = other.show(where, 0, true);
+    const xcb_window_t ordinary = other.show(where);
+    EXPECT_TRUE(eventually([&] { return areInOrder({notice, ordinary, idOf(panel)}); }));
+    other.raise(notice);
+    const xcb_window_t next = other.show({0, 0, 50, 50});
+    const xcb_window_t last = other.show({0, 0, 50, 50}, 0, true);
+    EXPECT_TRUE(eventually([&] { return areInOrder({notice, next, idOf(panel), last}); }));
+}
+
+TEST_F(X11WindowSystemTest, GivesWayToNobodyForEverInAQuarrel) {
+    show(panel);
+    const xcb_window_t rival = other.show(where);
+    int rounds = 0;
+    for (; rounds < 200; ++rounds) {
+        QCoreApplication::processEvents();
+        if (areInOrder({idOf(panel), rival})) break;
+        other.raise(rival);
+    }
+    EXPECT_LT(rounds, 200) << "answers every time, at once";
+    EXPECT_TRUE(eventually([&] { return areInOrder({rival, idOf(panel)}); }));
+}
+
+TEST_F(X11WindowSystemTest, LetsPressesThroughOutsideTheInputRegion) {
+    other.show(where);
+    show(panel);
+    struct Case {
+        QRegion region;
+        QPoint at;  // in the window
+        bool passes;
+    };
+    const QRect upper(0, 0, 200, 50);
+    for (const Case& each : {Case{upper, {100, 20}, false}, Case{upper, {100, 49}, false},
+                             Case{upper, {100, 50}, true}, Case{{}, {100, 20}, true}}) {
+        windows.setInputRegion(panel, each.region);
+        QCoreApplication::processEvents();
+        other.movePointer(where.topLeft() + each.at);
+        EXPECT_TRUE(eventually([&] { return areInOrder({idOf(panel)}); }));
+        other.click(XCB_BUTTON_INDEX_1);
+        EXPECT_EQ(other.presses(), each.passes ? 1 : 0) << each.at.y();
+    }
+}
+
+TEST_F(X11WindowSystemTest, AsksForBlurInDevicePixels) {
+    const auto property = [this] {
+        const auto cookie =
+            xcb_get_property(other.connection(), false, idOf(panel),
+                             x11->atom("_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 0, 64);
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(other.connection(), cookie, nullptr));
+        const auto* words = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+        return std::vector<std::uint32_t>(words, words + reply->value_len);
+    };
+    windows.setBlurBehind(panel, QRect(10, 20, 100, 40));
+    EXPECT_TRUE(eventually([&] {
+        return property() == std::vector<std::uint32_t>{10, 20, 100, 40};
+    }));
+    windows.setBlurBehind(panel, {});
+    EXPECT_TRUE(eventually([&] { return property().empty(); }));
+}
+
+TEST_F(X11WindowSystemTest, BorrowsTheKeysAndGivesThemBack) {
+    const xcb_window_t editor = other.show({0, 300, 100, 100});
+    QLineEdit field(&panel);
+    for (int round = 0; round < 3; ++round) {
+        other.focus(editor);
+        show(panel);
+        windows.takeKeys(panel);
+        field.setFocus();
+        EXPECT_TRUE(hasKeys(idOf(panel)));
+        EXPECT_TRUE(eventually([&] { return panel.isActiveWindow() && field.hasFocus(); }));
+        other.pressKey(38);  // A
+        other.releaseKey(38);
+        EXPECT_TRUE(eventually([&] { return field.text() == "a"; }));
+        field.clear();
+        windows.giveKeysBack(panel);
+        panel.hide();
+        EXPECT_TRUE(hasKeys(editor));
+    }
+}
+
+TEST_F(X11WindowSystemTest, TakesTheKeysWhenShownLater) {
+    windows.takeKeys(panel);
+    show(panel);
+    EXPECT_TRUE(hasKeys(idOf(panel)));
+}
+
+TEST_F(X11WindowSystemTest, GivesBackOnlyWhatItHasToWhoIsThere) {
+    const xcb_window_t former = other.show({0, 300, 100, 100});
+    const xcb_window_t chosen = other.show({100, 300, 100, 100});
+
+    other.focus(former);
+    show(panel);
+    windows.takeKeys(panel);
+    ASSERT_TRUE(hasKeys(idOf(panel)));
+    other.focus(chosen);
+    QCoreApplication::processEvents();
+    windows.giveKeysBack(panel);
+    panel.hide();
+    EXPECT_EQ(other.focused(), chosen);
+
+    other.focus(former);
+    show(panel);
+    windows.takeKeys(panel);
+    ASSERT_TRUE(hasKeys(idOf(panel)));
+    xcb_destroy_window(other.connection(), former);
+    other.sync();
+    windows.giveKeysBack(panel);
+    panel.hide();
+    EXPECT_TRUE(eventually([&] { return other.focused() != idOf(panel); }));
+}
+
+TEST_F(X11WindowSystemTest, FetchesTheKeysOnlyWhenTheyFollowThePointer) {
+    const xcb_window_t former = other.show({0, 300, 100, 100});
+    const xcb_window_t crossed = other.show({100, 300, 100, 100});
+    other.focus(former);
+    show(panel);
+    windows.takeKeys(panel);
+    ASSERT_TRUE(hasKeys(idOf(panel)));
+
+    other.movePointer({150, 350});
+    other.focus(crossed);  // as a window manager does where the focus follows the pointer
+    EXPECT_TRUE(eventually([&] {
+        QCoreApplication::processEvents();
+        return other.focused() == idOf(panel);
+    }));
+
+    other.movePointer({50, 350});
+    other.click(XCB_BUTTON_INDEX_1);
+    other.focus(former);
+    EXPECT_TRUE(eventually([&] { return !panel.isActiveWindow(); }));
+    EXPECT_EQ(other.focused(), former);
+}
+
+}  // namespace
+}  // namespace noonward::test

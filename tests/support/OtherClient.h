@@ -1,0 +1,113 @@
+#pragma once
+
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+#include <QRect>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/linux/X11.h"
+
+namespace noonward::test {
+
+/// Another program on the same X server, and the hand at mouse and keyboard. Each call has
+/// happened on the server when it returns.
+class OtherClient {
+ public:
+    OtherClient() : connection_(xcb_connect(nullptr, nullptr)) {
+        root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+    }
+    OtherClient(const OtherClient&) = delete;
+    OtherClient& operator=(const OtherClient&) = delete;
+    ~OtherClient() { xcb_disconnect(connection_); }
+
+    xcb_connection_t* connection() const { return connection_; }
+    xcb_window_t root() const { return root_; }
+
+    /// A window of its own, on the screen, in front; presses in it are counted.
+    xcb_window_t show(const QRect& at, std::uint32_t colour = 0, bool overrideRedirect = false) {
+        const xcb_window_t window = xcb_generate_id(connection_);
+        const std::uint32_t values[] = {colour, overrideRedirect, XCB_EVENT_MASK_BUTTON_PRESS};
+        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root_,
+                          static_cast<std::int16_t>(at.x()), static_cast<std::int16_t>(at.y()),
+                          static_cast<std::uint16_t>(at.width()),
+                          static_cast<std::uint16_t>(at.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          XCB_COPY_FROM_PARENT,
+                          XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+        xcb_map_window(connection_, window);
+        sync();
+        return window;
+    }
+
+    void raise(xcb_window_t window) {
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        sync();
+    }
+
+    void movePointer(QPoint to) {
+        fake(XCB_MOTION_NOTIFY, 0, static_cast<std::int16_t>(to.x()),
+             static_cast<std::int16_t>(to.y()));
+    }
+    void press(std::uint8_t button) { fake(XCB_BUTTON_PRESS, button); }
+    void release(std::uint8_t button) { fake(XCB_BUTTON_RELEASE, button); }
+    void click(std::uint8_t button) {
+        press(button);
+        release(button);
+    }
+    void pressKey(std::uint8_t code) { fake(XCB_KEY_PRESS, code); }
+    void releaseKey(std::uint8_t code) { fake(XCB_KEY_RELEASE, code); }
+
+    void focus(xcb_window_t window) {
+        xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+        sync();
+    }
+    xcb_window_t focused() {
+        const Reply<xcb_get_input_focus_reply_t> reply(
+            xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+        return reply->focus;
+    }
+
+    /// The children of the root, from back to front.
+    std::vector<xcb_window_t> stack() {
+        const Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr));
+        const xcb_window_t* first = xcb_query_tree_children(tree.get());
+        return {first, first + xcb_query_tree_children_length(tree.get())};
+    }
+
+    /// What the screen shows there.
+    std::vector<std::uint8_t> pixels(const QRect& at) {
+        const auto cookie = xcb_get_image(
+            connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, static_cast<std::int16_t>(at.x()),
+            static_cast<std::int16_t>(at.y()), static_cast<std::uint16_t>(at.width()),
+            static_cast<std::uint16_t>(at.height()), ~0U);
+        const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(connection_, cookie, nullptr));
+        const std::uint8_t* first = xcb_get_image_data(image.get());
+        return {first, first + xcb_get_image_data_length(image.get())};
+    }
+
+    /// Presses in its windows since the last call.
+    int presses() {
+        sync();
+        int count = 0;
+        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)})
+            count += event->response_type == XCB_BUTTON_PRESS;
+        return count;
+    }
+
+    void sync() { focused(); }
+
+ private:
+    void fake(std::uint8_t type, std::uint8_t detail, std::int16_t x = 0, std::int16_t y = 0) {
+        xcb_test_fake_input(connection_, type, detail, XCB_CURRENT_TIME, root_, x, y, 0);
+        sync();
+    }
+
+    xcb_connection_t* connection_;
+    xcb_window_t root_ = XCB_WINDOW_NONE;
+};
+
+}  // namespace noonward::test
