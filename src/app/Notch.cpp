@@ -1,0 +1,58 @@
+#include "app/Notch.h"
+
+#include <algorithm>
+
+namespace noonward {
+namespace {
+
+constexpr double usualWidth = 184;
+constexpr double leastHeight = 24;
+
+// Desktops give the strips in the screen's coordinates or in their own; where both would be
+// possible, a screen that starts at the desktop's left edge decides nothing.
+bool inScreenCoordinates(const QRectF& left, const QRectF& frame) {
+    if (left.left() < frame.left()) return true;
+    if (left.right() > frame.width()) return false;
+    return frame.left() != 0;
+}
+
+Notch between(const QRectF& left, const QRectF& right, const Screen& screen) {
+    const QRectF& frame = screen.frame;
+    const double shift = inScreenCoordinates(left, frame) ? frame.left() : 0;
+    return {
+        .rect = {left.right() + shift, frame.top(), right.left() - left.right(), screen.topInset},
+        .screen = frame};
+}
+
+Notch atTopCentre(const QRectF& frame, double statusBarThickness) {
+    return {.rect = {frame.center().x() - usualWidth / 2, frame.top(), usualWidth,
+                     std::max(statusBarThickness, leastHeight)},
+            .screen = frame};
+}
+
+}  // namespace
+
+std::optional<Notch> findNotch(const std::vector<Screen>& screens,
+                               const std::optional<Screen>& main, double statusBarThickness) {
+    const auto notched = std::find_if(screens.begin(), screens.end(),
+                                      [](const Screen& screen) { return screen.topInset > 0; });
+    if (notched != screens.end() && notched->auxiliaryTopLeft && notched->auxiliaryTopRight)
+        return between(*notched->auxiliaryTopLeft, *notched->auxiliaryTopRight, *notched);
+    if (!main) return std::nullopt;
+    return atTopCentre(main->frame, statusBarThickness);
+}
+
+QRectF hoverZone(const QRectF& notch) {
+    return notch.adjusted(-8, -6, 8, 2);
+}
+
+QRectF stayZone(const QRectF& cap) {
+    return cap.adjusted(-16, -16, 16, 16);
+}
+
+bool holds(const QRectF& rect, const std::optional<QPointF>& point) {
+    return point && point->x() >= rect.left() && point->x() < rect.right() &&
+           point->y() >= rect.top() && point->y() < rect.bottom();
+}
+
+}  // namespace noonward
