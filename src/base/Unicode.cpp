@@ -90,6 +90,14 @@ std::string_view trimmedWhile(std::string_view text, Predicate drop) {
     return text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
 }
 
+UChar32 firstCodePoint(std::string_view text) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::int32_t next = 0;
+    UChar32 c = replacementCharacter;
+    U8_NEXT_OR_FFFD(bytes, next, length(text), c);
+    return c;
+}
+
 bool isSpace(UChar32 c) {
     return u_isUWhiteSpace(c) != 0;
 }
@@ -203,12 +211,12 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 }
 
 bool startsUppercase(std::string_view text) {
-    if (text.empty()) return false;
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    std::int32_t next = 0;
-    UChar32 c = replacementCharacter;
-    U8_NEXT_OR_FFFD(bytes, next, length(text), c);
-    return u_isUUppercase(c) != 0;
+    return !text.empty() && u_isUUppercase(firstCodePoint(text)) != 0;
+}
+
+bool isNumeral(std::string_view text) {
+    return !text.empty() && firstCharacters(text, 1).size() == text.size() &&
+           u_getIntPropertyValue(firstCodePoint(text), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
 }  // namespace noonward::unicode

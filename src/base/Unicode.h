@@ -40,4 +40,8 @@ std::string_view firstCharacters(std::string_view text, std::size_t count);
 /// Whether the first character has the Uppercase property; false for empty text.
 bool startsUppercase(std::string_view text);
 
+/// Whether the text is exactly one character as a reader sees it, one with a numeric value
+/// (property Numeric_Type, UAX #44): "7", "½", "४".
+bool isNumeral(std::string_view text);
+
 }  // namespace noonward::unicode

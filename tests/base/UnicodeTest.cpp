@@ -156,6 +156,13 @@ TEST(Unicode, KnowsUpperCaseLetters) {
     }
 }
 
+TEST(Unicode, KnowsSingleNumerals) {
+    for (const string_view text : {"0", "7", "½", "४", "四", "Ⅻ", "㊈", "𝟠", "7\u0301"})
+        EXPECT_TRUE(isNumeral(text)) << text;
+    for (const string_view text : {"", "12", "7 ", " 7", "h", "é", "\xC3", "\xF0\x9D\x9F", "\x1B"})
+        EXPECT_FALSE(isNumeral(text)) << text;
+}
+
 TEST(Unicode, BearsLongAndBrokenText) {
     std::string text;
     for (int i = 0; i < 100'000; ++i)
