@@ -5,10 +5,15 @@
 
 #include "app/Render.h"
 #include "base/Unicode.h"
+#include "kit/Shapes.h"
+#include "views/notch/NotchView.h"
 #include "views/ribbon/RibbonPanel.h"
 
 namespace noonward {
 namespace {
+
+constexpr double notchMargin = 30;
+constexpr kit::Colour behindTheNotch = kit::Colour::rgb(0x3A4A5A);
 
 void write(const std::string& path, const QByteArray& data) {
     if (data.isEmpty()) return;
@@ -70,6 +75,13 @@ void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui
     if (demonstration.ribbon) {
         const RibbonPanel panel(store, ui, {.solid = true, .demonstration = true});
         write(*demonstration.ribbon, render(panel.body(scheme)));
+    }
+    if (demonstration.notch) {
+        write(*demonstration.notch,
+              render(NotchView(store, ui)
+                         .body()
+                         .padding({.horizontal = notchMargin, .vertical = notchMargin})
+                         .background(kit::rectangle().fill(behindTheNotch))));
     }
 }
 

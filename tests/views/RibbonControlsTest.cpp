@@ -1,35 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "kit/Node.h"
+#include "views/Finding.h"
 #include "views/RibbonScene.h"
 
 namespace noonward::test {
 namespace {
-
-const kit::Placed* withTooltip(const kit::Placed& root, const std::string& tooltip) {
-    return kit::find(root, [&](const kit::Placed& placed) {
-        return placed.node->interaction() && placed.node->interaction()->tooltip == tooltip;
-    });
-}
-
-const kit::Placed* pressable(const kit::Placed* within) {
-    return within ? kit::find(*within,
-                              [](const kit::Placed& placed) {
-                                  return placed.node->interaction() &&
-                                         placed.node->interaction()->press;
-                              })
-                  : nullptr;
-}
-
-// The innermost button around a line of text.
-const kit::Placed* buttonSaying(const kit::Placed& root, const std::string& words) {
-    const kit::Placed* best = nullptr;
-    kit::walk(root, [&](const kit::Placed& placed) {
-        if (!placed.node->interaction() || !placed.node->interaction()->press) return;
-        if (kit::dump(placed).find("text \"" + words + "\"") != std::string::npos) best = &placed;
-    });
-    return best;
-}
 
 struct Live {
     explicit Live(Situation situation = {}) : scene(live(std::move(situation))) {}

@@ -68,7 +68,7 @@ View grid(const RibbonContext& context) {
 RibbonPanel::RibbonPanel(Store& store, NotchUI& ui, Options options)
     : store_(store), ui_(ui), options_(std::move(options)) {}
 
-View RibbonPanel::body(Scheme scheme) const {
+View RibbonPanel::body(Scheme scheme, Backing backing) const {
     RibbonContext context{
         .store = store_,
         .ui = ui_,
@@ -97,15 +97,14 @@ View RibbonPanel::body(Scheme scheme) const {
                                   .font(hanken(12))
                                   .padding({.horizontal = Metrics::pad, .top = 12, .bottom = 14})
                             : spacer().frame({.height = 18});
-    return panelChrome(
-        {.palette = context.palette, .solid = options_.solid, .backing = options_.backing},
-        vstack({.align = Horizontal::leading},
-               {
-                   grid(context),
-                   bar(context).padding({.horizontal = Metrics::pad, .top = 18}),
-                   form(options_.hints, bottom),
-               })
-            .frame({.width = Metrics::panelWidth}));
+    return panelChrome({.palette = context.palette, .solid = options_.solid, .backing = backing},
+                       vstack({.align = Horizontal::leading},
+                              {
+                                  grid(context),
+                                  bar(context).padding({.horizontal = Metrics::pad, .top = 18}),
+                                  form(options_.hints, bottom),
+                              })
+                           .frame({.width = Metrics::panelWidth}));
 }
 
 }  // namespace noonward

@@ -22,13 +22,12 @@ class RibbonPanel {
         /// Pictures for demonstration show travel banner, update notice and settings button even
         /// when `solid`.
         bool demonstration = false;
-        Backing backing = Backing::opaque;
         std::function<void()> onCopyInvite = [] {};
     };
 
     RibbonPanel(Store& store, NotchUI& ui, Options options);
 
-    kit::View body(Scheme scheme) const;
+    kit::View body(Scheme scheme, Backing backing = Backing::opaque) const;
 
     /// Announces when the panel itself has something else to show.
     Announcer& changes() { return changes_; }

@@ -17,6 +17,8 @@ inline constexpr SymbolSource crossInCircle{":/noonward/symbols/x-circle-fill.sv
 inline constexpr SymbolSource envelope{":/noonward/symbols/envelope-simple.svg"};
 inline constexpr SymbolSource eyeSlash{":/noonward/symbols/eye-slash.svg"};
 inline constexpr SymbolSource gear{":/noonward/symbols/gear-six.svg"};
+inline constexpr SymbolSource moonFilled{":/noonward/symbols/moon-fill.svg"};
 inline constexpr SymbolSource people{":/noonward/symbols/users-three-fill.svg"};
+inline constexpr SymbolSource update{":/noonward/symbols/arrow-circle-down-fill.svg"};
 
 }  // namespace noonward::Symbols

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "kit/View.h"
+#include "views/ribbon/RibbonPanel.h"
+#include "views/settings/SettingsView.h"
+#include "views/welcome/WelcomeView.h"
+
+namespace noonward {
+
+/// What the panel's window shows: the welcome, the settings or the ribbon. It grows down out of the
+/// notch as the panel is shown, and shrinks back into it.
+class PanelHost {
+ public:
+    PanelHost(Store& store, NotchUI& ui, std::function<void()> onCopyInvite);
+
+    kit::View body(Scheme scheme, Backing backing) const;
+
+    /// Announces when a view in it has something else to show by itself.
+    Announcer& changes() { return ribbon_.changes(); }
+
+ private:
+    kit::View content(Scheme scheme, Backing backing) const;
+
+    Store& store_;
+    NotchUI& ui_;
+    WelcomeView welcome_;
+    mutable std::optional<SettingsView> settings_;  // while it is shown
+    RibbonPanel ribbon_;
+};
+
+}  // namespace noonward
