@@ -29,5 +29,7 @@ picture ribbon-weekend NOONWARD_TIME="sat 10am" NOONWARD_LIGHT=1
 picture ribbon-rolling NOONWARD_ROLL=1 NOONWARD_FORMAT=12h
 picture ribbon-travelling TZ=Asia/Tokyo NOONWARD_TRAVEL=ask NOONWARD_UPDATE=1.1 NOONWARD_FORMAT=utc
 
+env XDG_DATA_HOME="$data" TZ=Europe/London NOONWARD_NOTCH="$pictures/notch.png" "$program"
+
 echo "No display: the pictures are in $pictures"
 ls "$pictures"

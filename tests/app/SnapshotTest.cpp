@@ -103,6 +103,16 @@ TEST_F(Snapshot, ReadsTheOlderFileWhereItLies) {
               128);
 }
 
+TEST_F(Snapshot, DrawsTheNotchOpenedOut) {
+    EXPECT_EQ(run({{"NOONWARD_NOTCH", picture("notch.png")}, {"NOONWARD_UPDATE", "1.2"}}), 0);
+    const QImage image(QString::fromStdString(picture("notch.png")));
+    EXPECT_EQ(image.width() % 2, 0);
+    EXPECT_GT(image.width(), 2 * (198 + 60));
+    EXPECT_EQ(image.pixelColor(10, 10), QColor(0x3A, 0x4A, 0x5A));
+    EXPECT_EQ(image.pixelColor(image.width() / 2, 70), QColor(0, 0, 0));
+    EXPECT_FALSE(fs::exists(picture("a.png")));
+}
+
 TEST_F(Snapshot, QuitsWhateverItIsGiven) {
     EXPECT_EQ(run({{"NOONWARD_WELCOME", ""}}), 0);
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", ""}}), 0);
