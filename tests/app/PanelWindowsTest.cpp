@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
+#include "app/KeyRouting.h"
 #include "app/ShellWorld.h"
+#include "app/UpdateNotices.h"
 
 namespace noonward::test {
 namespace {
@@ -95,7 +98,7 @@ class Reversed : public testing::TestWithParam<Reversal> {};
 TEST_P(Reversed, TheLastWordCounts) {
     ShellWorld world;
     GetParam().begin(world);
-    world.advance(GetParam().at);
+    if (GetParam().at > 0) world.advance(GetParam().at);
     GetParam().reverse(world);
     world.advance(3000);
     EXPECT_EQ(state(world), GetParam().expected);
@@ -105,6 +108,13 @@ INSTANTIATE_TEST_SUITE_P(
     JustBeforeAndAfterEachStep, Reversed,
     testing::Values(Reversal{"FoldedBeforeTheClocksShow", expand, 89, collapse, ""},
                     Reversal{"FoldedAfterTheClocksShow", expand, 90, collapse, ""},
+                    Reversal{"FoldedUnderThePanel", show, 1000, collapse, open},
+                    Reversal{"FoldedAsThePanelOpens",
+                             [](ShellWorld& world) {
+                                 expanded(world);
+                                 show(world);
+                             },
+                             0, collapse, open},
                     Reversal{"ShownBeforeTheNotchNarrows", fold, 69, show, open},
                     Reversal{"ShownAfterTheNotchNarrows", fold, 70, show, open},
                     Reversal{"ShownBeforeTheNotchGoes", fold, 499, show, open},
@@ -184,17 +194,23 @@ TEST(PanelWindows, OpenOnTheModelAsItIsNow) {
 }
 
 TEST(PanelWindows, CountTheWelcomeAsSeenHoweverItCloses) {
-    for (const bool elsewhereFirst : {true, false}) {
+    using Road = std::function<void(ShellWorld&)>;
+    const Road escape = [](ShellWorld& world) {
+        KeyRouting keys(world.store, world.ui, world.queue,
+                        {.closePanel = [&] { world.windows.closePanel(); }});
+        keys.handleKey({.key = KeyPress::Key::escape});
+    };
+    const Road toggle = [](ShellWorld& world) { world.windows.togglePanel(); };
+    const Road updates = [](ShellWorld& world) {
+        UpdateNotices(world.ui, world.windows, nullptr).check();
+    };
+    for (const Road& road : {Road(hide), escape, toggle, updates}) {
         ShellWorld world;
         world.windows.welcomeSoon();
         world.advance(1001);
         EXPECT_EQ(state(world), "expanded shown welcome cap panel key");
         EXPECT_FALSE(world.planner.saved().welcomed);
-        if (elsewhereFirst) {
-            world.windows.closePanel();
-        } else {
-            world.windows.togglePanel();
-        }
+        road(world);
         world.advance(160);
         EXPECT_FALSE(world.ui.welcomeShown());
         EXPECT_TRUE(world.planner.saved().welcomed);
