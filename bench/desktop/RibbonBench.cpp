@@ -7,6 +7,7 @@
 
 #include "Ratios.h"
 #include "RibbonFixture.h"
+#include "kit/Damage.h"
 #include "kit/OffScreen.h"
 #include "kit/Painting.h"
 #include "kit/Png.h"
@@ -57,6 +58,37 @@ void paintTwoColumns(benchmark::State& state) {
         paintInto(image, placed, tiles, changed);
 }
 BENCHMARK(paintTwoColumns);
+
+// A frame of the panel on its way out of the notch.
+void openingFrame(benchmark::State& state) {
+    RibbonFixture fixture;
+    const kit::Placed placed =
+        kit::layOut(fixture.panel.body(Scheme::dark).scale(0.97, 0.9, kit::topCentre).opacity(0.5),
+                    rootEnvironment());
+    kit::Tiles tiles;
+    QImage image = kit::paintOffScreen(placed, pixelsPerPoint, tiles);
+    for (auto _ : state)
+        paintInto(image, placed, tiles, placed.rect);
+}
+BENCHMARK(openingFrame);
+
+// All that a pointer on its way over the hours costs: the new tree, what differs, its painting.
+void hoverStep(benchmark::State& state) {
+    RibbonFixture fixture;
+    kit::Placed shown = fixture.placed();
+    kit::Tiles tiles;
+    QImage image = kit::paintOffScreen(shown, pixelsPerPoint, tiles);
+    int column = 0;
+    for (auto _ : state) {
+        column = (column + 1) % 24;
+        fixture.store.hoverCol = column;
+        kit::Placed next = fixture.placed();
+        for (const QRectF& rect : kit::damage(shown, next))
+            paintInto(image, next, tiles, rect.toAlignedRect());
+        shown = std::move(next);
+    }
+}
+BENCHMARK(hoverStep);
 
 void copyPicture(benchmark::State& state) {
     RibbonFixture fixture;

@@ -1,5 +1,7 @@
 #include "app/KeyPanel.h"
 
+#include <QBitmap>
+
 namespace noonward {
 
 KeyPanel::KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHostingView> content,
@@ -9,6 +11,7 @@ KeyPanel::KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHosting
     setAttribute(Qt::WA_AlwaysShowToolTips);
     windows_.adopt(*this, options_.level);
     setFocusProxy(content_);
+    if (options_.outlined) content_->onFrame = [this] { takeOutline(); };
 }
 
 void KeyPanel::setFrame(const QRectF& frame) {
@@ -27,13 +30,21 @@ void KeyPanel::place() {
 }
 
 void KeyPanel::orderFront() {
-    const bool compositing = windows_.compositing();
-    margins_ = compositing ? options_.shadow : QMargins();
+    compositing_ = windows_.compositing();
+    margins_ = compositing_ ? options_.shadow : QMargins();
     content_->setMargins(margins_);
-    options_.onShow(compositing);
+    options_.onShow(compositing_);
     place();
+    takeOutline();
     show();
     windows_.raise(*this);
+}
+
+void KeyPanel::takeOutline() {
+    if (!options_.outlined) return;
+    if (compositing_) return clearMask();
+    const QImage shown = content_->picture(1);
+    if (!shown.isNull()) setMask(QBitmap::fromImage(shown.createAlphaMask()));
 }
 
 void KeyPanel::makeKey() {

@@ -16,7 +16,9 @@ class KeyPanel final : public QWidget, public Window {
  public:
     struct Options {
         WindowSystem::Level level = WindowSystem::Level::panel;
-        QMargins shadow;       ///< room that the content paints its shadow into, points
+        QMargins shadow;  ///< room that the content paints its shadow into, points
+        /// Without translucency the window takes the outline of what it shows, not its square.
+        bool outlined = false;
         bool blurred = false;  ///< what lies behind it is blurred, where the desktop can
         /// Told before each showing whether the window can be translucent.
         std::function<void(bool compositing)> onShow = [](bool) {};
@@ -40,12 +42,14 @@ class KeyPanel final : public QWidget, public Window {
 
  private:
     void place();
+    void takeOutline();
 
     WindowSystem& windows_;
     kit::FirstClickHostingView* content_;
     Options options_;
     QRectF frame_;
     QMargins margins_;
+    bool compositing_ = false;
 };
 
 }  // namespace noonward

@@ -28,7 +28,8 @@ PanelHost::PanelHost(Store& store, NotchUI& ui, std::function<void()> onCopyInvi
       ribbon_(store, ui, {.onCopyInvite = std::move(onCopyInvite)}) {}
 
 kit::View PanelHost::body(Scheme scheme, Backing backing) const {
-    const bool shown = ui_.panelShown();
+    // What cannot be seen through would leave black around it.
+    const bool shown = ui_.panelShown() || backing == Backing::square;
     return content(scheme, backing)
         .scale(shown ? 1 : shrunkWidth, shown ? 1 : shrunkHeight, kit::topCentre)
         .opacity(shown ? 1 : 0)

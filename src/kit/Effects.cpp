@@ -61,12 +61,19 @@ class ScaleNode final : public Wrapper {
     void paint(const Placed& self, Painting& painting) const override {
         if (x_ <= 0 || y_ <= 0) return;
         if (x_ == 1 && y_ == 1) return painting.paintChildren(self);
-        const QTransform toSelf = transform(self.rect);
+        // Drawn once as large as it is, and then as a picture: what is scaled is mostly on its way,
+        // and there is a frame to be drawn every few milliseconds.
+        const Placed& content = self.children.front();
+        const double scale = painting.scale();
+        const QSize pixels = (content.bounds.size() * scale).toSize() + QSize(1, 1);
+        const QImage& image = painting.tiles().whole(
+            content.node, pixels, [&] { return picture(content, pixels, scale, painting); });
         QPainter& painter = painting.painter();
         painter.save();
-        painter.setTransform(toSelf, true);
-        Painting inside = painting.inside(painter, toSelf.inverted().mapRect(painting.clip()));
-        inside.paintChildren(self);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(
+            transform(self.rect).mapRect(QRectF(content.bounds.topLeft(), QSizeF(pixels) / scale)),
+            image);
         painter.restore();
     }
     QRectF bounds(const Placed& self) const override {
@@ -86,6 +93,20 @@ class ScaleNode final : public Wrapper {
     std::string description() const override { return "scale"; }
 
  private:
+    static QImage picture(const Placed& content, const QSize& pixels, double scale,
+                          Painting& painting) {
+        QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setRenderHints(painting.painter().renderHints());
+        painter.scale(scale, scale);
+        painter.translate(-content.bounds.topLeft());
+        Painting inside = painting.inside(painter, content.bounds);
+        inside.leaveFieldsOut(false);
+        inside.paint(content);
+        return image;
+    }
+
     // From the children's points to the root's.
     QTransform transform(const QRectF& rect) const {
         const QPointF about = aligned(rect, QSizeF(0, 0), anchor_);

@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include "kit/Damage.h"
+#include "kit/OffScreen.h"
 #include "kit/Painting.h"
 
 namespace kit {
@@ -103,7 +104,7 @@ double FirstClickHostingView::seconds() const {
 
 void FirstClickHostingView::invalidate() {
     pending_ = true;
-    if (scheduled_) return;
+    if (scheduled_ || !isVisible()) return;
     scheduled_ = true;
     QMetaObject::invokeMethod(
         this,
@@ -117,8 +118,10 @@ void FirstClickHostingView::invalidate() {
 void FirstClickHostingView::settle(const std::optional<Curve>& curve) {
     if (!pending_) return;
     pending_ = false;
+    const QSizeF before = presentation_.target().rect.size();
     presentation_.show(layOut(body_(), environment_), curve, seconds());
     present();
+    if (onResized && presentation_.target().rect.size() != before) onResized();
     if (onRebuilt) onRebuilt();
     // What lies under a resting pointer may be something else now.
     if (pointer_) hoverAt(pointer_);
@@ -146,6 +149,7 @@ void FirstClickHostingView::present() {
         if (!frames_.isActive()) frames_.start(frameLength(*this));
     } else {
         frames_.stop();
+        tiles_.forgetWhole();
     }
     fields_.sync(presentation_.target(), origin(), !presentation_.moving());
 
@@ -153,7 +157,13 @@ void FirstClickHostingView::present() {
     for (const QRectF& rect : damage(*painted_, *now))
         region += rect.toAlignedRect();
     painted_ = now;
-    if (!region.isEmpty()) update(region.translated(origin()));
+    if (region.isEmpty()) return;
+    update(region.translated(origin()));
+    if (onFrame) onFrame();
+}
+
+QImage FirstClickHostingView::picture(double pixelsPerPoint) {
+    return paintOffScreen(*painted_, pixelsPerPoint, tiles_);
 }
 
 void FirstClickHostingView::paintEvent(QPaintEvent* event) {
@@ -198,6 +208,10 @@ void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
 
 void FirstClickHostingView::mouseMoveEvent(QMouseEvent* event) {
     hoverAt(inView(event->position()));
+}
+
+void FirstClickHostingView::showEvent(QShowEvent*) {
+    refresh();
 }
 
 void FirstClickHostingView::leaveEvent(QEvent*) {

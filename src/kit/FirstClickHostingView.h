@@ -26,7 +26,8 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     FirstClickHostingView(Animations& animations, Environment environment, Body body);
 
     /// Says that the body has something else to show. However often it is said, the view is built
-    /// anew once, in the next turn of the event loop or when it is asked for before.
+    /// anew once, in the next turn of the event loop or when it is asked for before; while nobody
+    /// sees it, when it is shown again.
     void invalidate();
 
     /// Takes up pending changes at once, without animation.
@@ -47,6 +48,14 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// Called after each change of what is placed.
     std::function<void()> onRebuilt;
 
+    /// Called whenever something else is to be seen, frame by frame while it glides.
+    std::function<void()> onFrame;
+    /// What is to be seen at the moment, as a picture.
+    QImage picture(double pixelsPerPoint);
+
+    /// Called when the ideal size has changed.
+    std::function<void()> onResized;
+
     /// The widget behind a text field; null where there is none.
     QWidget* realField(Id id) const { return fields_.widget(id); }
 
@@ -61,6 +70,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
  private:
     using Hover = std::function<void(std::optional<QPointF>)>;

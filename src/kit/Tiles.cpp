@@ -14,4 +14,10 @@ const QImage& Tiles::get(const std::string& key, const std::function<QImage()>& 
     return images_.emplace(key, make()).first->second;
 }
 
+const QImage& Tiles::whole(const std::shared_ptr<const Node>& view, const QSize& pixels,
+                           const std::function<QImage()>& make) {
+    if (whole_.view != view || whole_.pixels != pixels) whole_ = {view, pixels, make()};
+    return whole_.image;
+}
+
 }  // namespace kit

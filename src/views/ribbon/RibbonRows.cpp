@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonRows.h"
 
+#include "kit/Description.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -32,6 +33,14 @@ View hiddenRow(const RibbonContext& context, const Row& row) {
         .button([&store, row] { store.toggleHidden(row); });
 }
 
+// What the row's header shows, in one line.
+std::string spoken(const RibbonContext& context, const Row& row) {
+    const Store& store = context.store;
+    const std::optional<DayOff> day = store.dayOff(row, context.focus);
+    return store.time(context.focus, row) + ", " + store.date(context.focus, row) +
+           (day ? ", " + day->name() : "");
+}
+
 View visibleRow(const RibbonContext& context, const Row& row) {
     auto& hoveredRow = context.hoveredRow;
     return hstack({.spacing = Metrics::headerGap},
@@ -40,6 +49,7 @@ View visibleRow(const RibbonContext& context, const Row& row) {
                       strip(context, row),
                   })
         .frame({.height = Metrics::rowHeight})
+        .described({.role = Role::row, .name = row.label, .value = spoken(context, row)})
         .onHover([&hoveredRow, id = row.id](std::optional<QPointF> at) {
             if (at) {
                 hoveredRow = id;

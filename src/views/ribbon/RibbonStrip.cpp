@@ -38,6 +38,21 @@ CellColours coloursOf(Phase phase, const Palette& palette) {
 
 constexpr std::array days{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 
+// What a cell's colour tells those who see it.
+const char* nameOf(Phase phase) {
+    switch (phase) {
+        case Phase::work:
+            return "working hours";
+        case Phase::awake:
+            return "awake";
+        case Phase::asleep:
+            return "asleep";
+        case Phase::off:
+            return "day off";
+    }
+    return "";
+}
+
 // The first hour of a day shows which day begins.
 View dayLabel(const std::string& day, const std::string& number) {
     return vstack({.spacing = 0}, {text(day), text(number)}).font(hanken(10, Weight::bold));
@@ -54,7 +69,8 @@ View cell(const RibbonContext& context, const Row& row, Instant start) {
     const std::string key = std::string(context.scheme == Scheme::dark ? "dark " : "light ") +
                             std::to_string(static_cast<int>(phase)) + ' ' + label;
     const CellColours colours = coloursOf(phase, context.palette);
-    return tile(key, {Metrics::cell, Metrics::cellHeight}, label, [=] {
+    const std::string says = label + ", " + nameOf(phase);
+    return tile(key, {Metrics::cell, Metrics::cellHeight}, says, [=] {
         const View content = dayBegins
                                  ? dayLabel(day, number)
                                  : text(label).font(hanken(twelveHour ? 11 : 13, Weight::medium));
