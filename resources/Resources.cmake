@@ -1,4 +1,4 @@
-# Fonts and symbols are compiled into the program: nothing to find, nothing to lose.
+# Fonts, sounds and symbols are compiled into the program: nothing to find, nothing to lose.
 qt_add_resources(noonward_desktop "noonward"
   PREFIX "/noonward"
   BASE "${PROJECT_SOURCE_DIR}/resources"
@@ -8,6 +8,7 @@ qt_add_resources(noonward_desktop "noonward"
     "${PROJECT_SOURCE_DIR}/resources/fonts/HankenGrotesk_500Medium.ttf"
     "${PROJECT_SOURCE_DIR}/resources/fonts/HankenGrotesk_600SemiBold.ttf"
     "${PROJECT_SOURCE_DIR}/resources/fonts/HankenGrotesk_700Bold.ttf"
+    "${PROJECT_SOURCE_DIR}/resources/sounds/click.wav"
     "${PROJECT_SOURCE_DIR}/resources/symbols/airplane.svg"
     "${PROJECT_SOURCE_DIR}/resources/symbols/arrow-circle-down-fill.svg"
     "${PROJECT_SOURCE_DIR}/resources/symbols/calendar-dots.svg"

@@ -34,8 +34,14 @@ struct Compositor {
 class X11PointerTest : public testing::Test {
  protected:
     void SetUp() override { other.movePointer(outside); }
-    std::function<void()> counting() {
-        return [this] { ++entered; };
+    void wait() {
+        pointer.waitFor(zone, [this] { ++entered; });
+        sync(*x11);
+    }
+    bool isEntered(int times = 1) {
+        const bool result = eventually([&] { return entered == times; });
+        sync(*x11);
+        return result;
     }
     // The window that lies in front of all, if it is of this process.
     bool isInFront() { return x11->isOurs(other.stack().back()); }
@@ -56,14 +62,14 @@ TEST_F(X11PointerTest, CallsOnceWhenTheZoneIsEntered) {
     for (const QPoint& corner : {zone.topLeft(), zone.bottomRight()}) {
         other.movePointer(outside);
         entered = 0;
-        pointer.waitFor(zone, counting());
+        wait();
         other.movePointer(zone.bottomRight() + QPoint(1, 0));
         other.movePointer(zone.bottomRight() + QPoint(0, 1));
         other.movePointer(zone.topLeft() - QPoint(1, 0));
         QCoreApplication::processEvents();
         EXPECT_EQ(entered, 0) << "entered from beside the zone";
         other.movePointer(corner);
-        EXPECT_TRUE(eventually([this] { return entered > 0; }));
+        EXPECT_TRUE(isEntered());
         other.movePointer(outside);
         other.movePointer(corner);
         QCoreApplication::processEvents();
@@ -73,47 +79,46 @@ TEST_F(X11PointerTest, CallsOnceWhenTheZoneIsEntered) {
 
 TEST_F(X11PointerTest, CallsFromTheEventLoopWhenThePointerIsThereAlready) {
     other.movePointer(inside);
-    pointer.waitFor(zone, counting());
+    wait();
     EXPECT_EQ(entered, 0);
-    EXPECT_TRUE(eventually([this] { return entered == 1; }));
+    EXPECT_TRUE(isEntered());
 }
 
 TEST_F(X11PointerTest, ForgetsWhatItNoLongerWaitsFor) {
     int former = 0;
     other.movePointer(inside);
     pointer.waitFor(zone, [&] { ++former; });
-    pointer.waitFor(zone, counting());
-    EXPECT_TRUE(eventually([this] { return entered == 1; }));
+    wait();
+    EXPECT_TRUE(isEntered());
     pointer.waitFor(zone, [&] { ++former; });
     pointer.stopWaiting();
     other.movePointer(outside);
-    pointer.waitFor(zone, counting());
+    wait();
     other.movePointer(inside);
-    EXPECT_TRUE(eventually([this] { return entered == 2; }));
+    EXPECT_TRUE(isEntered(2));
     EXPECT_EQ(former, 0);
 }
 
 TEST_F(X11PointerTest, IsNotSeenAndLetsPressesThroughOnceEntered) {
     other.show(zone.adjusted(-20, 0, 20, 20), 0x3366cc);
     const auto before = other.pixels(zone.adjusted(-20, 0, 20, 20));
-    pointer.waitFor(zone, counting());
-    other.sync();
+    wait();
     QCoreApplication::processEvents();
     EXPECT_EQ(other.pixels(zone.adjusted(-20, 0, 20, 20)), before);
 
     other.movePointer(inside);
-    ASSERT_TRUE(eventually([this] { return entered == 1; }));
+    ASSERT_TRUE(isEntered());
     other.click(XCB_BUTTON_INDEX_1);
     EXPECT_EQ(other.presses(), 1);
     EXPECT_EQ(other.pixels(zone.adjusted(-20, 0, 20, 20)), before);
 }
 
 TEST_F(X11PointerTest, StaysInFrontOfWindowsThatComeLater) {
-    pointer.waitFor(zone, counting());
+    wait();
     other.show(zone);
     EXPECT_TRUE(eventually([this] { return isInFront(); }));
     other.movePointer(inside);
-    EXPECT_TRUE(eventually([this] { return entered == 1; }));
+    EXPECT_TRUE(isEntered());
 }
 
 TEST_F(X11PointerTest, WaitsOnWhenTheCompositorComesAndGoes) {
@@ -129,7 +134,7 @@ TEST_F(X11PointerTest, WaitsOnWhenTheCompositorComesAndGoes) {
             return x11->isOurs(front) && isInputOnly(front) == inputOnly;
         });
     };
-    pointer.waitFor(zone, counting());
+    wait();
     EXPECT_TRUE(hasTrigger(true));
     {
         const Compositor compositor(other);
@@ -137,7 +142,7 @@ TEST_F(X11PointerTest, WaitsOnWhenTheCompositorComesAndGoes) {
     }
     EXPECT_TRUE(hasTrigger(true));
     other.movePointer(inside);
-    EXPECT_TRUE(eventually([this] { return entered == 1; }));
+    EXPECT_TRUE(isEntered());
 }
 
 }  // namespace

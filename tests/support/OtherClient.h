@@ -12,6 +12,12 @@
 
 namespace noonward::test {
 
+/// What this process has asked the server for has happened when it returns.
+inline void sync(const X11& x11) {
+    const Reply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
+        x11.connection(), xcb_get_input_focus(x11.connection()), nullptr));
+}
+
 /// Another program on the same X server, and the hand at mouse and keyboard. Each call has
 /// happened on the server when it returns.
 class OtherClient {

@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <string_view>
 #include <utility>
 
 namespace noonward {
@@ -29,6 +30,10 @@ xcb_timestamp_t timeOf(const xcb_generic_event_t& event, std::uint8_t type) {
             return XCB_CURRENT_TIME;
     }
 }
+
+// The kinds of an XKB event, its second byte (XKB protocol, 16).
+constexpr std::uint8_t newKeyboardNotify = 0;
+constexpr std::uint8_t mapNotify = 1;
 
 xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -58,6 +63,7 @@ X11::X11(xcb_connection_t* connection, xcb_window_t root, int screen)
       root_(root),
       compositorSelection_("_NET_WM_CM_S" + std::to_string(screen)) {
     watchCompositor();
+    watchKeymap();
     qGuiApp->installNativeEventFilter(this);
     // Qt may select the root's events anew for a new monitor, without ours.
     QObject::connect(
@@ -108,6 +114,20 @@ void X11::watchCompositor() {
             XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE));
 }
 
+// Qt has asked the server for these notices: it needs them itself.
+void X11::watchKeymap() {
+    constexpr std::string_view name = "XKEYBOARD";
+    const auto cookie = xcb_query_extension(connection_, name.size(), name.data());
+    const Reply<xcb_query_extension_reply_t> extension(
+        xcb_query_extension_reply(connection_, cookie, nullptr));
+    if (extension && extension->present) keyboardEvent_ = extension->first_event;
+}
+
+bool X11::isKeymapChange(const xcb_generic_event_t& event, std::uint8_t type) const {
+    if (type == XCB_MAPPING_NOTIFY) return true;
+    return type == keyboardEvent_ && (event.pad0 == newKeyboardNotify || event.pad0 == mapNotify);
+}
+
 void X11::addRootEvents(std::uint32_t mask) {
     rootEvents_ |= mask;
     selectRootEvents();
@@ -144,6 +164,7 @@ bool X11::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*
     const xcb_timestamp_t time = isSent ? XCB_CURRENT_TIME : timeOf(*event, type);
     if (time != XCB_CURRENT_TIME) lastTime_ = time;
 
+    if (isKeymapChange(*event, type)) keymapChanges_.announce();
     const auto* outer = std::exchange(current_, event);
     events_.announce();
     current_ = outer;

@@ -51,6 +51,9 @@ class X11 final : private QAbstractNativeEventFilter {
     /// A compositing manager has come or gone.
     Announcer& compositorChanges() { return compositorChanges_; }
 
+    /// The keymap or the meaning of its modifiers has changed; told before the keys that follow.
+    Announcer& keymapChanges() { return keymapChanges_; }
+
     /// Asks for more events of the root window than are selected already.
     void addRootEvents(std::uint32_t mask);
 
@@ -67,6 +70,8 @@ class X11 final : private QAbstractNativeEventFilter {
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
     void selectRootEvents();
     void watchCompositor();
+    void watchKeymap();
+    bool isKeymapChange(const xcb_generic_event_t& event, std::uint8_t type) const;
 
     xcb_connection_t* connection_;
     xcb_window_t root_;
@@ -75,9 +80,11 @@ class X11 final : private QAbstractNativeEventFilter {
     std::uint32_t rootEvents_ = 0;
     xcb_timestamp_t lastTime_ = XCB_CURRENT_TIME;
     int selectionEvent_ = -1;  // the type of XFixes' notices; -1 without XFixes
+    int keyboardEvent_ = -1;   // the type of XKB's; -1 without XKB
     const xcb_generic_event_t* current_ = nullptr;
     Announcer events_;
     Announcer compositorChanges_;
+    Announcer keymapChanges_;
     QObject context_;
 };
 

@@ -13,10 +13,6 @@ constexpr std::uint32_t modifierBits = 0xff;
 constexpr std::uint32_t layoutShift = 13;
 constexpr std::uint32_t layoutBits = 3;
 
-// The kinds of an XKB event, its second byte.
-constexpr std::uint8_t newKeyboardNotify = 0;
-constexpr std::uint8_t mapNotify = 1;
-
 struct ReleaseState {
     void operator()(xkb_state* state) const { xkb_state_unref(state); }
 };
@@ -55,13 +51,7 @@ void X11Keyboard::Release::operator()(xkb_keymap* keymap) const {
 }
 
 X11Keyboard::X11Keyboard(X11& x11) : x11_(x11) {
-    // Qt has asked the server for these notices: it needs them itself.
-    events_ = x11_.onEvent([this](const xcb_generic_event_t& event, std::uint8_t type) {
-        const bool isChange = type == XCB_MAPPING_NOTIFY ||
-                              (type == keyboardEvent_ &&
-                               (event.pad0 == newKeyboardNotify || event.pad0 == mapNotify));
-        if (isChange) keymap_.reset();
-    });
+    changes_ = x11_.keymapChanges().subscribe([this] { keymap_.reset(); });
 }
 
 X11Keyboard::~X11Keyboard() = default;
@@ -77,12 +67,10 @@ KeyPress X11Keyboard::read(const QKeyEvent& event) const {
 xkb_keymap* X11Keyboard::keymap() const {
     if (keymap_) return keymap_.get();
     if (!context_) {
-        std::uint8_t firstEvent = 0;
         if (!xkb_x11_setup_xkb_extension(
                 x11_.connection(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
-                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &firstEvent, nullptr))
+                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr))
             return nullptr;
-        keyboardEvent_ = firstEvent;
         context_.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
     }
     if (!context_) return nullptr;

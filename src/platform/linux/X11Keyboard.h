@@ -32,8 +32,7 @@ class X11Keyboard final : public Keyboard {
     // Fetched when a key is read, and again after the desktop has changed it.
     mutable std::unique_ptr<xkb_context, Release> context_;
     mutable std::unique_ptr<xkb_keymap, Release> keymap_;
-    mutable int keyboardEvent_ = -1;  // the type of the server's notices of such changes
-    Subscription events_;
+    Subscription changes_;
 };
 
 }  // namespace noonward
