@@ -1,18 +1,16 @@
 #include "app/Application.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 
+#include "app/AppDelegate.h"
 #include "app/Demonstration.h"
-#include "app/RibbonWindow.h"
+#include "app/Planner.h"
 #include "app/Snapshot.h"
-#include "config/ConfigFile.h"
-#include "holidays/Holidays.h"
-#include "model/Store.h"
-#include "platform/MainLoopTimer.h"
+#include "platform/HttpsClient.h"
+#include "platform/linux/LinuxDesktop.h"
 #include "views/theme/Fonts.h"
 
 namespace noonward {
@@ -34,67 +32,57 @@ class NoZoneChanges final : public ZoneChanges {
     Subscription subscribe(std::function<void()>) override { return {}; }
 };
 
-// The countries' calendars lie beside the configuration.
-std::filesystem::path holidayFolder(const ConfigPaths& paths) {
-    return paths.file.empty() ? std::filesystem::path() : paths.file.parent_path() / "Holidays";
-}
-
-// Everything the model stands on; the members, in order, are how it is built.
-struct Planner {
-    Planner(RepeatingTimer& timer, ConfigFile::Access access)
-        : paths(configPaths(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"))),
-          configFile(paths, access),
-          holidays(holidayFolder(paths), clock, nullptr),
-          store({clock, zone, configFile, holidays, timer, zoneChanges}) {
-        ui.version = NOONWARD_VERSION;
-    }
-
-    SystemClock clock;
-    ComputerZone zone;
-    ConfigPaths paths;
-    ConfigFile configFile;
-    Holidays holidays;
-    NoZoneChanges zoneChanges;
-    Store store;
-    NotchUI ui;
-};
-
-// The program writes no log of its own, and Qt none in its name: it would complain of an absent
-// session, which pictures do not need.
+// The program writes no log of its own, and Qt none in its name. What Qt cannot go on after, a
+// display that cannot be opened above all, is said in one line; it is no crash.
 void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(message));
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "noonward: %s\n", qPrintable(message.section('\n', 0, 0)));
+    std::_Exit(1);
 }
 
 int renderPictures(char** argv, const Demonstration& demonstration) {
-    qInstallMessageHandler(sayNothing);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int noArguments = argv[0] ? 1 : 0;
     const QGuiApplication application(noArguments, argv);
     registerFonts();
 
     NoTimer timer;
-    Planner planner(timer, ConfigFile::Access::readOnly);
+    NoZoneChanges zoneChanges;
+    Planner planner(timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
     takeSnapshots(demonstration, planner.store, planner.ui, planner.zone);
     return 0;
 }
 
-int showWindow(char** argv) {
+int live(char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     int noArguments = argv[0] ? 1 : 0;
-    const QGuiApplication application(noArguments, argv);
-    registerFonts();
+    const QApplication application(noArguments, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto desktop = LinuxDesktop::connect();
+    if (!desktop) return 1;
 
-    MainLoopTimer timer;
-    Planner planner(timer, ConfigFile::Access::readWrite);
-    RibbonWindow window(planner.store, planner.ui);
-    window.show();
-    return QGuiApplication::exec();
+    AppDelegate* running = nullptr;
+    const auto comeForward = [&running] {
+        if (running) running->togglePanel();
+    };
+    if (desktop->session.claim(comeForward) == Session::Claim::another) return 0;
+
+    registerFonts();
+    NoZoneChanges zoneChanges;
+    HttpsClient http;
+    Planner planner(desktop->timer, zoneChanges, &http, ConfigFile::Access::readWrite);
+    AppDelegate delegate(planner.store, planner.ui, desktop->services());
+    running = &delegate;
+    const int status = QApplication::exec();
+    running = nullptr;
+    return status;
 }
 
 }  // namespace
 
 // There are no command-line options, Qt's neither: only the program's name goes on.
 int run(char** argv) {
+    qInstallMessageHandler(sayNothing);
     if (const auto demonstration = Demonstration::from(environmentVariable)) {
         return renderPictures(argv, *demonstration);
     }
@@ -102,7 +90,7 @@ int run(char** argv) {
         std::fputs("noonward: there is no X display to open (DISPLAY is not set)\n", stderr);
         return 1;
     }
-    return showWindow(argv);
+    return live(argv);
 }
 
 }  // namespace noonward

@@ -98,6 +98,11 @@ FirstClickHostingView::FirstClickHostingView(Animations& animations, Environment
     QObject::connect(qApp, &QApplication::focusChanged, this, [this] { showFocusedField(); });
 }
 
+// A widget that goes still hands on its focus, when there are no fields any more.
+FirstClickHostingView::~FirstClickHostingView() {
+    qApp->disconnect(this);
+}
+
 double FirstClickHostingView::seconds() const {
     return static_cast<double>(clock_.nsecsElapsed()) / 1e9;
 }

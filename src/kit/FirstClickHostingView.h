@@ -24,6 +24,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
 
     /// `body` is asked anew whenever what it shows has changed.
     FirstClickHostingView(Animations& animations, Environment environment, Body body);
+    ~FirstClickHostingView() override;
 
     /// Says that the body has something else to show. However often it is said, the view is built
     /// anew once, in the next turn of the event loop or when it is asked for before; while nobody

@@ -8,7 +8,8 @@ namespace noonward {
 
 Subscription MainLoopTimer::every(std::chrono::milliseconds interval,
                                   std::function<void()> action) {
-    auto timer = std::make_shared<QTimer>();
+    // Later: what ends the subscription may be the timer's own tick.
+    const std::shared_ptr<QTimer> timer(new QTimer, [](QTimer* ended) { ended->deleteLater(); });
     timer->setTimerType(Qt::CoarseTimer);
     QObject::connect(timer.get(), &QTimer::timeout, std::move(action));
     timer->start(interval);

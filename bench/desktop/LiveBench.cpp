@@ -1,0 +1,167 @@
+// The running program on a private X server, against the smallest program with a window: how soon
+// it is there, what it holds and does at rest, and how soon the panel is seen after the hot key.
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "LiveServer.h"
+
+namespace noonward::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int starts = 15;
+constexpr int openings = 15;
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+class Desktop {
+ public:
+    Desktop() : bus_({"dbus-daemon", "--session", "--nofork", "--print-address=1"}) {
+        const auto folder = data_ / "Noonward";
+        std::filesystem::create_directories(folder);
+        std::ofstream(folder / "places.json")
+            << R"({"places":[{"label":"London","short":"LON","zone":"Europe/London","home":true},
+                {"label":"New York","short":"NYC","zone":"America/New_York"}],
+                "notch":["New York"],"welcomed":true,"clickSound":false})";
+        server.movePointer(800, 600);
+    }
+    ~Desktop() { std::filesystem::remove_all(data_); }
+
+    std::map<std::string, std::string> environment() const {
+        return {{"DISPLAY", server.display()},
+                {"DBUS_SESSION_BUS_ADDRESS", bus_.line()},
+                {"XDG_DATA_HOME", data_},
+                {"QT_QPA_PLATFORM", "xcb"},
+                {"QT_ACCESSIBILITY", "0"}};
+    }
+
+    LiveServer server;
+
+ private:
+    Service bus_;
+    std::filesystem::path data_ = std::filesystem::temp_directory_path() /
+                                  ("noonward-live-bench-" + std::to_string(getpid()));
+};
+
+double millisecondsToWindow(Desktop& desktop, const char* program) {
+    desktop.server.forgetEvents();
+    const auto start = Clock::now();
+    const Process process({program}, desktop.environment());
+    desktop.server.waitForMapping();
+    return Milliseconds(Clock::now() - start).count();
+}
+
+// From /proc/PID/smaps_rollup, in KiB.
+double privateDirty(pid_t pid) {
+    std::ifstream file("/proc/" + std::to_string(pid) + "/smaps_rollup");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("Private_Dirty:")) return std::stod(line.substr(14));
+    }
+    return 0;
+}
+
+// How often any thread has gone to sleep since it began: it has woken as often.
+long sleeps(pid_t pid) {
+    long all = 0;
+    const std::string tasks = "/proc/" + std::to_string(pid) + "/task";
+    for (const auto& task : std::filesystem::directory_iterator(tasks)) {
+        std::ifstream file(task.path() / "status");
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with("voluntary_ctxt_switches:")) all += std::stol(line.substr(24));
+        }
+    }
+    return all;
+}
+
+double cpuSeconds(pid_t pid) {
+    std::ifstream file("/proc/" + std::to_string(pid) + "/schedstat");
+    double nanoseconds = 0;
+    file >> nanoseconds;
+    return nanoseconds / 1e9;
+}
+
+void pressHotKey(LiveServer& server) {
+    constexpr std::uint8_t control = 37, alt = 64, letterT = 28;
+    for (const std::uint8_t key : {control, alt, letterT})
+        server.key(key, true);
+    for (const std::uint8_t key : {letterT, alt, control})
+        server.key(key, false);
+}
+
+// A point of the panel's bottom half that nothing covers, in the middle of the screen.
+constexpr int probeX = 800;
+constexpr int probeY = 60;
+
+double millisecondsToPanel(LiveServer& server) {
+    const std::uint32_t before = server.pixel(probeX, probeY);
+    const auto start = Clock::now();
+    pressHotKey(server);
+    while (server.pixel(probeX, probeY) == before) {
+        if (Clock::now() - start > std::chrono::seconds(10)) throw std::runtime_error("no panel");
+    }
+    const double took = Milliseconds(Clock::now() - start).count();
+    std::this_thread::sleep_for(std::chrono::milliseconds(900));
+    pressHotKey(server);
+    while (server.pixel(probeX, probeY) != before)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    std::this_thread::sleep_for(std::chrono::milliseconds(900));
+    return took;
+}
+
+bool report(const char* what, double value, const char* unit, double budget) {
+    std::printf("%s = %.3g%s (budget %g)\n", what, value, unit, budget);
+    std::fflush(stdout);
+    return value <= budget;
+}
+
+int run(int restSeconds) {
+    Desktop desktop;
+    std::vector<double> ours;
+    std::vector<double> hello;
+    for (int i = 0; i < starts; ++i) {
+        ours.push_back(millisecondsToWindow(desktop, NOONWARD_PROGRAM));
+        hello.push_back(millisecondsToWindow(desktop, NOONWARD_HELLO));
+    }
+    bool kept = report("start: ours/hello window", median(ours) / median(hello), "", 1.5);
+
+    const Process program({NOONWARD_PROGRAM}, desktop.environment());
+    desktop.server.forgetEvents();
+    const Process greeting({NOONWARD_HELLO}, desktop.environment());
+    desktop.server.waitForMapping();
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+    kept &= report("memory at rest: ours/hello window",
+                   privateDirty(program.pid()) / privateDirty(greeting.pid()), "", 2.5);
+
+    const long sleptBefore = sleeps(program.pid());
+    const double cpuBefore = cpuSeconds(program.pid());
+    std::this_thread::sleep_for(std::chrono::seconds(restSeconds));
+    const double slept = static_cast<double>(sleeps(program.pid()) - sleptBefore);
+    kept &= report("wakeups at rest", slept * 60 / restSeconds, " a minute", 6);
+    kept &= report("CPU at rest", (cpuSeconds(program.pid()) - cpuBefore) * 100 / restSeconds, " %",
+                   0.02);
+
+    std::vector<double> frames;
+    for (int i = 0; i < openings; ++i)
+        frames.push_back(millisecondsToPanel(desktop.server));
+    kept &= report("hot key to first frame", median(frames), " ms", 33);
+    return kept ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace noonward::bench
+
+// The one argument is how long to watch it at rest, in seconds: a minute without.
+int main(int argc, char** argv) {
+    return noonward::bench::run(argc > 1 ? std::max(5, std::atoi(argv[1])) : 60);
+}

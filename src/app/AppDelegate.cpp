@@ -1,0 +1,183 @@
+#include "app/AppDelegate.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWindow>
+
+#include "app/Render.h"
+#include "kit/Accessibility.h"
+#include "model/Store.h"
+#include "platform/Appearance.h"
+#include "platform/Keyboard.h"
+#include "platform/MainQueue.h"
+#include "platform/Screens.h"
+#include "platform/Session.h"
+
+namespace noonward {
+namespace {
+
+constexpr int keyT = 17;
+constexpr std::uint32_t toggleKey = 1;
+
+std::unique_ptr<kit::FirstClickHostingView> hosting(kit::Animations& animations,
+                                                    kit::FirstClickHostingView::Body body) {
+    return std::make_unique<kit::FirstClickHostingView>(animations, rootEnvironment(),
+                                                        std::move(body));
+}
+
+// The shadow goes to the sides and down; above, the panel touches the notch.
+QMargins shadowRoom() {
+    const kit::Insets reach = kit::reach(panelShadow());
+    return {qCeil(reach.left()), 0, qCeil(reach.right()), qCeil(reach.below())};
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
+    : store_(store),
+      ui_(ui),
+      desktop_(desktop),
+      copying_(store, ui, desktop.pasteboard, desktop.queue, [this] { return scheme(); }),
+      notchView_(store, ui),
+      panelHost_(store, ui, [this] { copying_.copyInvite(); }),
+      cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
+           {.level = WindowSystem::Level::cap, .outlined = true}),
+      panel_(desktop.windows,
+             hosting(animations_, [this] { return panelHost_.body(scheme(), backing_); }),
+             {.level = WindowSystem::Level::panel,
+              .shadow = shadowRoom(),
+              .blurred = true,
+              .onShow =
+                  [this](bool compositing) {
+                      backing_ = compositing ? Backing::frosted : Backing::square;
+                      panel_.content().invalidate();
+                  }}),
+      windows_({cap_, panel_, store, ui, animations_, desktop.queue, desktop.screens,
+                desktop.pointer, desktop.feedback}),
+      updates_(ui, windows_, desktop.updater),
+      keys_(store, ui, desktop.queue,
+            {.closePanel = [this] { windows_.closePanel(); },
+             .layoutPanel = [this] { windows_.layoutPanel(); },
+             .copyText = [this] { copying_.copyText(); },
+             .copyPicture = [this] { copying_.copyPicture(); },
+             .terminate = [] { QCoreApplication::quit(); },
+             .caretToEnd = [this] { panel_.content().caretToEnd(); }}),
+      grid_(store, ui),
+      hotkey_(desktop.hotKeys, keyT, HotKeys::control | HotKeys::option, toggleKey,
+              [this] { togglePanel(); }),
+      hover_((windows_.findNotch(), windows_), ui, desktop.pointer, desktop.timer) {
+    kit::installAccessibility();
+    animations_.setEnabled(desktop_.appearance.animations());
+    wireCallbacks();
+    watchModel();
+    watchDesktop();
+    panel_.windowHandle()->installEventFilter(this);
+    panel_.content().installEventFilter(this);
+    if (!store_.config().welcomed) windows_.welcomeSoon();
+}
+
+void AppDelegate::wireCallbacks() {
+    ui_.onTap = lifetime_.weakly([this] { togglePanel(); });
+    ui_.onSettings =
+        lifetime_.weakly([this] { windows_.openPanel(PanelWindows::Content::settings); });
+    ui_.onUpdates = lifetime_.weakly([this] { updates_.check(); });
+    ui_.onQuit = [] { QCoreApplication::quit(); };
+}
+
+void AppDelegate::watchModel() {
+    const auto layout = [this] { layoutSoon(); };
+    const auto redrawn = [this] { redraw(); };
+    watches_.push_back(store_.changes().subscribe(redrawn));
+    watches_.push_back(ui_.changes().subscribe(redrawn));
+    watches_.push_back(panelHost_.changes().subscribe(redrawn));
+
+    NotchUI& ui = ui_;
+    Store& store = store_;
+    const auto onUi = [&](auto select) {
+        watches_.push_back(whenChanged(ui_.changes(), select, layout));
+    };
+    const auto onStore = [&](auto select) {
+        watches_.push_back(whenChanged(store_.changes(), select, layout));
+    };
+    onUi([&ui] { return ui.settingsShown(); });
+    onUi([&ui] { return ui.welcomeShown(); });
+    onStore([&store] { return store.config().places.size(); });
+    onStore([&store] { return store.config().travel; });
+    onStore([&store] { return store.hidden(); });
+    // Whatever else makes the content larger or smaller: a proposal, notes, a longer text.
+    panel_.content().onResized = layout;
+}
+
+void AppDelegate::watchDesktop() {
+    watches_.push_back(desktop_.presses.onPress([this] { windows_.closePanel(); }));
+    watches_.push_back(desktop_.session.onSignal("toggle", [this] { togglePanel(); }));
+    watches_.push_back(desktop_.session.onSignal(
+        "settings", [this] { windows_.openPanel(PanelWindows::Content::settings); }));
+    watches_.push_back(desktop_.session.onEnd([] { QCoreApplication::quit(); }));
+    watches_.push_back(desktop_.screens.onChange([this] {
+        windows_.closePanel();
+        windows_.findNotch();
+        redraw();
+    }));
+    watches_.push_back(desktop_.appearance.onChange([this] {
+        animations_.setEnabled(desktop_.appearance.animations());
+        redraw();
+    }));
+}
+
+void AppDelegate::redraw() {
+    cap_.content().invalidate();
+    panel_.content().invalidate();
+}
+
+void AppDelegate::layoutSoon() {
+    desktop_.queue.post(lifetime_.weakly([this] { windows_.layoutPanel(); }));
+}
+
+Scheme AppDelegate::scheme() const {
+    const std::string& wanted = store_.config().appearance;
+    if (wanted == "light") return Scheme::light;
+    if (wanted == "dark") return Scheme::dark;
+    return desktop_.appearance.dark() ? Scheme::dark : Scheme::light;
+}
+
+// Keys are seen as they come to the window, before it hands them to a view; the mouse as it comes
+// to the view.
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == panel_.windowHandle()) {
+        return event->type() == QEvent::KeyPress && keyMonitor(*event);
+    }
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonRelease:
+            return mouseMonitor(*event);
+        default:
+            return false;
+    }
+}
+
+bool AppDelegate::keyMonitor(QEvent& event) {
+    if (!panel_.visible()) return false;
+    // The key before this one may have opened a text field: it is there before this one goes on.
+    panel_.content().refresh();
+    return keys_.handleKey(desktop_.keyboard.read(static_cast<QKeyEvent&>(event)));
+}
+
+bool AppDelegate::mouseMonitor(QEvent& event) {
+    const auto& mouse = static_cast<QMouseEvent&>(event);
+    const QPointF at = panel_.content().inView(mouse.position());
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return mouse.button() == Qt::LeftButton && grid_.press(at);
+        case QEvent::MouseMove:
+            return (mouse.buttons() & Qt::LeftButton) && grid_.move(at);
+        default:
+            return mouse.button() == Qt::LeftButton && grid_.release();
+    }
+}
+
+}  // namespace noonward

@@ -1,0 +1,36 @@
+#pragma once
+
+namespace noonward {
+
+class Appearance;
+class Feedback;
+class HotKeys;
+class Keyboard;
+class MainQueue;
+class Pasteboard;
+class Pointer;
+class PressesElsewhere;
+class RepeatingTimer;
+class Screens;
+class Session;
+class Updater;
+class WindowSystem;
+
+/// The services of the desktop that the program runs on.
+struct Desktop {
+    MainQueue& queue;
+    RepeatingTimer& timer;
+    Screens& screens;
+    Pointer& pointer;
+    WindowSystem& windows;
+    PressesElsewhere& presses;
+    Keyboard& keyboard;
+    HotKeys& hotKeys;
+    Session& session;
+    Appearance& appearance;
+    Pasteboard& pasteboard;
+    Feedback& feedback;
+    Updater* updater = nullptr;  ///< null where none is installed
+};
+
+}  // namespace noonward
