@@ -5,9 +5,10 @@
 namespace noonward {
 namespace {
 
-// Without an address the bus library would start a bus of its own, on which nobody else is.
+constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
 bool isAnnounced() {
-    if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return true;
+    if (!qEnvironmentVariableIsEmpty(addressVariable)) return true;
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
 }
@@ -27,6 +28,10 @@ QDBusConnection open(const QString& address) {
 
 SessionBus::SessionBus(const QString& address)
     : connection_(open(address)), isOwn_(!address.isEmpty()) {}
+
+void SessionBus::startNone() {
+    if (!isAnnounced()) qputenv(addressVariable, "disabled:");
+}
 
 SessionBus::~SessionBus() {
     if (isOwn_) QDBusConnection::disconnectFromBus(connection_.name());

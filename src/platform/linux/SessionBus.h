@@ -18,6 +18,10 @@ class SessionBus {
     SessionBus& operator=(const SessionBus&) = delete;
     ~SessionBus();
 
+    /// Keeps the bus library, which Qt's own parts use as well, from starting a bus where none is
+    /// announced: nobody else would be on it. Call before the application object is made.
+    static void startNone();
+
     QDBusConnection& connection() { return connection_; }
 
  private:

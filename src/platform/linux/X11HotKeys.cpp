@@ -59,7 +59,6 @@ X11HotKeys::X11HotKeys(X11& x11) : x11_(x11) {
 X11HotKeys::~X11HotKeys() {
     for (const Key& key : keys_)
         release(key);
-    xcb_flush(x11_.connection());
 }
 
 HotKeys::Outcome X11HotKeys::registerKey(int keyCode, std::uint32_t modifiers, std::uint32_t id,
@@ -100,6 +99,7 @@ HotKeys::Outcome X11HotKeys::grab(const Key& key) const {
 void X11HotKeys::release(const Key& key) const {
     for (const std::uint16_t mask : variants(maskOf(key.modifiers, roles_), roles_.numLock))
         x11_.ignoreError(xcb_ungrab_key_checked(x11_.connection(), key.code, x11_.root(), mask));
+    xcb_flush(x11_.connection());
 }
 
 /// The key's place stays the same, but a new keymap may move Alt and Num Lock to other bits.
