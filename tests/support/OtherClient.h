@@ -63,8 +63,9 @@ class OtherClient {
         press(button);
         release(button);
     }
-    void pressKey(std::uint8_t code) { fake(XCB_KEY_PRESS, code); }
-    void releaseKey(std::uint8_t code) { fake(XCB_KEY_RELEASE, code); }
+    // No hand is so fast that two strokes fall into the same millisecond: that is what repeats do.
+    void pressKey(std::uint8_t code) { fake(XCB_KEY_PRESS, code, 0, 0, 2); }
+    void releaseKey(std::uint8_t code) { fake(XCB_KEY_RELEASE, code, 0, 0, 2); }
 
     void focus(xcb_window_t window) {
         xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
@@ -107,8 +108,9 @@ class OtherClient {
     void sync() { focused(); }
 
  private:
-    void fake(std::uint8_t type, std::uint8_t detail, std::int16_t x = 0, std::int16_t y = 0) {
-        xcb_test_fake_input(connection_, type, detail, XCB_CURRENT_TIME, root_, x, y, 0);
+    void fake(std::uint8_t type, std::uint8_t detail, std::int16_t x = 0, std::int16_t y = 0,
+              std::uint32_t delay = 0) {
+        xcb_test_fake_input(connection_, type, detail, delay, root_, x, y, 0);
         sync();
     }
 

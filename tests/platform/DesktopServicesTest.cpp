@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QEnterEvent>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QWindow>
+
+#include "platform/ClipboardPasteboard.h"
+#include "platform/PointerPresence.h"
+#include "platform/linux/CanberraFeedback.h"
+
+namespace noonward::test {
+namespace {
+
+TEST(ClipboardPasteboardTest, HoldsOneKindOfContentsAtATime) {
+    ClipboardPasteboard pasteboard;
+    const QClipboard& clipboard = *QGuiApplication::clipboard();
+    const QByteArray picture("\x89PNG\r\n\x1a\n\0rest", 13);
+    for (int round = 0; round < 2; ++round) {
+        pasteboard.setText("Zürich — 9:30");
+        EXPECT_EQ(clipboard.text().toStdString(), "Zürich — 9:30");
+        EXPECT_FALSE(clipboard.mimeData()->hasFormat("image/png"));
+        pasteboard.setPng(picture);
+        EXPECT_EQ(clipboard.mimeData()->data("image/png"), picture);
+        EXPECT_EQ(clipboard.mimeData()->formats(), QStringList{"image/png"});
+    }
+}
+
+TEST(PointerPresenceTest, IsInsideFromEnterToLeave) {
+    QWindow cap;
+    QWindow panel;
+    const PointerPresence presence;
+    const auto send = [](QWindow& to, QEvent::Type type) {
+        QEnterEvent enter({}, {}, {});
+        QEvent other(type);
+        QCoreApplication::sendEvent(&to, type == QEvent::Enter ? &enter : &other);
+    };
+    struct Step {
+        QWindow* window;
+        QEvent::Type type;
+        bool inside;
+    };
+    EXPECT_FALSE(presence.inside());
+    for (const Step& step : {Step{&cap, QEvent::Enter, true}, Step{&cap, QEvent::Leave, false},
+                             Step{&cap, QEvent::Enter, true}, Step{&panel, QEvent::Enter, true},
+                             Step{&cap, QEvent::Leave, true}, Step{&panel, QEvent::Hide, false}}) {
+        send(*step.window, step.type);
+        EXPECT_EQ(presence.inside(), step.inside) << step.type;
+    }
+}
+
+// There is no sound card here, nor can a test hear: but nothing may be said of that.
+TEST(CanberraFeedbackTest, IsSilentOnStandardErrorWhateverIsMissing) {
+    testing::internal::CaptureStderr();
+    {
+        CanberraFeedback feedback;
+        feedback.levelChange();
+        for (const double volume : {0.25, 0.25, 0.0, -1.0, 7.0})
+            feedback.click(volume);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+}  // namespace
+}  // namespace noonward::test
