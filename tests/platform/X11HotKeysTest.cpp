@@ -37,6 +37,7 @@ class X11HotKeysTest : public testing::Test {
             other.releaseKey(*code);
     }
     bool grabElsewhere(std::uint16_t modifiers) {
+        sync(*x11);
         const auto cookie = xcb_grab_key_checked(other.connection(), false, other.root(), modifiers,
                                                  tKey, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
         return !Reply<xcb_generic_error_t>(xcb_request_check(other.connection(), cookie));
