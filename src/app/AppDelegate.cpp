@@ -110,7 +110,14 @@ void AppDelegate::watchModel() {
 }
 
 void AppDelegate::watchDesktop() {
-    watches_.push_back(desktop_.presses.onPress([this] { windows_.closePanel(); }));
+    // Hearing every press in the desktop has its price: only while there is something to close.
+    watches_.push_back(whenChanged(
+        ui_.changes(), [this] { return ui_.panelShown(); },
+        [this] {
+            pressWatch_ = ui_.panelShown()
+                              ? desktop_.presses.onPress([this] { windows_.closePanel(); })
+                              : Subscription();
+        }));
     watches_.push_back(desktop_.session.onSignal("toggle", [this] { togglePanel(); }));
     watches_.push_back(desktop_.session.onSignal(
         "settings", [this] { windows_.openPanel(PanelWindows::Content::settings); }));

@@ -53,6 +53,7 @@ class AppDelegate final : public QObject {
     PanelWindows windows_;
     UpdateNotices updates_;
     std::vector<Subscription> watches_;
+    Subscription pressWatch_;  // while the panel is shown
     KeyRouting keys_;
     GridMouse grid_;
     Hotkey hotkey_;

@@ -55,6 +55,7 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
 
 int live(char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
+    SessionBus::startNone();
     int noArguments = argv[0] ? 1 : 0;
     const QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
