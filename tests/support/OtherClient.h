@@ -6,6 +6,8 @@
 #include <QRect>
 #include <cstdint>
 #include <memory>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/X11.h"
@@ -22,7 +24,9 @@ inline void sync(const X11& x11) {
 /// happened on the server when it returns.
 class OtherClient {
  public:
-    OtherClient() : connection_(xcb_connect(nullptr, nullptr)) {
+    /// On the display of that name; on this process's own without.
+    explicit OtherClient(const char* display = nullptr)
+        : connection_(xcb_connect(display, nullptr)) {
         root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
     }
     OtherClient(const OtherClient&) = delete;
@@ -32,10 +36,12 @@ class OtherClient {
     xcb_connection_t* connection() const { return connection_; }
     xcb_window_t root() const { return root_; }
 
-    /// A window of its own, on the screen, in front; presses in it are counted.
+    /// A window of its own, on the screen, in front; presses in it are counted, of buttons and
+    /// keys.
     xcb_window_t show(const QRect& at, std::uint32_t colour = 0, bool overrideRedirect = false) {
         const xcb_window_t window = xcb_generate_id(connection_);
-        const std::uint32_t values[] = {colour, overrideRedirect, XCB_EVENT_MASK_BUTTON_PRESS};
+        const std::uint32_t values[] = {colour, overrideRedirect,
+                                        XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_KEY_PRESS};
         xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root_,
                           static_cast<std::int16_t>(at.x()), static_cast<std::int16_t>(at.y()),
                           static_cast<std::uint16_t>(at.width()),
@@ -77,6 +83,17 @@ class OtherClient {
         return reply->focus;
     }
 
+    /// The window that stands for a selection (ICCCM 2), such as "CLIPBOARD"; 0 if none does.
+    xcb_window_t ownerOf(std::string_view selection) {
+        const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+            connection_, xcb_get_selection_owner(connection_, atom(selection)), nullptr));
+        return reply->owner;
+    }
+    void own(std::string_view selection, xcb_window_t window) {
+        xcb_set_selection_owner(connection_, window, atom(selection), XCB_CURRENT_TIME);
+        sync();
+    }
+
     /// The children of the root, from back to front.
     std::vector<xcb_window_t> stack() {
         const Reply<xcb_query_tree_reply_t> tree(
@@ -96,13 +113,15 @@ class OtherClient {
         return {first, first + xcb_get_image_data_length(image.get())};
     }
 
-    /// Presses in its windows since the last call.
+    /// Presses of buttons in its windows since the last call.
     int presses() {
-        sync();
-        int count = 0;
-        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)})
-            count += event->response_type == XCB_BUTTON_PRESS;
-        return count;
+        drain();
+        return std::exchange(presses_, 0);
+    }
+    /// The keys that were pressed for its windows since the last call.
+    std::vector<xcb_keycode_t> keys() {
+        drain();
+        return std::exchange(keys_, {});
     }
 
     void sync() { focused(); }
@@ -114,8 +133,28 @@ class OtherClient {
         sync();
     }
 
+    xcb_atom_t atom(std::string_view name) {
+        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+            connection_,
+            xcb_intern_atom(connection_, false, static_cast<std::uint16_t>(name.size()),
+                            name.data()),
+            nullptr));
+        return reply->atom;
+    }
+
+    void drain() {
+        sync();
+        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
+            const int type = event->response_type & 0x7f;
+            if (type == XCB_BUTTON_PRESS) ++presses_;
+            if (type == XCB_KEY_PRESS) keys_.push_back(as<xcb_key_press_event_t>(*event).detail);
+        }
+    }
+
     xcb_connection_t* connection_;
     xcb_window_t root_ = XCB_WINDOW_NONE;
+    int presses_ = 0;
+    std::vector<xcb_keycode_t> keys_;
 };
 
 }  // namespace noonward::test
