@@ -1,6 +1,6 @@
 #include "app/AppDelegate.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWindow>
@@ -47,7 +47,7 @@ AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
              hosting(animations_, [this] { return panelHost_.body(scheme(), backing_); }),
              {.level = WindowSystem::Level::panel,
               .shadow = shadowRoom(),
-              .blurred = true,
+              .blurred = panelOutline,
               .onShow =
                   [this](bool compositing) {
                       backing_ = compositing ? Backing::frosted : Backing::square;
@@ -61,17 +61,18 @@ AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
              .layoutPanel = [this] { windows_.layoutPanel(); },
              .copyText = [this] { copying_.copyText(); },
              .copyPicture = [this] { copying_.copyPicture(); },
-             .terminate = [] { QCoreApplication::quit(); },
+             .terminate = [this] { terminate(); },
              .caretToEnd = [this] { panel_.content().caretToEnd(); }}),
       grid_(store, ui),
       hotkey_(desktop.hotKeys, keyT, HotKeys::control | HotKeys::option, toggleKey,
               [this] { togglePanel(); }),
-      hover_((windows_.findNotch(), windows_), ui, desktop.pointer, desktop.timer) {
+      hover_(windows_, ui, desktop.pointer, desktop.timer) {
     kit::installAccessibility();
     animations_.setEnabled(desktop_.appearance.animations());
     wireCallbacks();
     watchModel();
     watchDesktop();
+    windows_.findNotch();
     panel_.windowHandle()->installEventFilter(this);
     panel_.content().installEventFilter(this);
     if (!store_.config().welcomed) windows_.welcomeSoon();
@@ -82,7 +83,7 @@ void AppDelegate::wireCallbacks() {
     ui_.onSettings =
         lifetime_.weakly([this] { windows_.openPanel(PanelWindows::Content::settings); });
     ui_.onUpdates = lifetime_.weakly([this] { updates_.check(); });
-    ui_.onQuit = [] { QCoreApplication::quit(); };
+    ui_.onQuit = lifetime_.weakly([this] { terminate(); });
 }
 
 void AppDelegate::watchModel() {
@@ -121,7 +122,7 @@ void AppDelegate::watchDesktop() {
     watches_.push_back(desktop_.session.onSignal("toggle", [this] { togglePanel(); }));
     watches_.push_back(desktop_.session.onSignal(
         "settings", [this] { windows_.openPanel(PanelWindows::Content::settings); }));
-    watches_.push_back(desktop_.session.onEnd([] { QCoreApplication::quit(); }));
+    watches_.push_back(desktop_.session.onEnd([this] { terminate(); }));
     watches_.push_back(desktop_.screens.onChange([this] {
         windows_.closePanel();
         windows_.findNotch();
@@ -138,8 +139,20 @@ void AppDelegate::redraw() {
     panel_.content().invalidate();
 }
 
+// However much of one change asks for it, once.
 void AppDelegate::layoutSoon() {
-    desktop_.queue.post(lifetime_.weakly([this] { windows_.layoutPanel(); }));
+    if (layoutPending_) return;
+    layoutPending_ = true;
+    desktop_.queue.post(lifetime_.weakly([this] {
+        layoutPending_ = false;
+        windows_.layoutPanel();
+    }));
+}
+
+// Whoever had the keys before the panel has them again.
+void AppDelegate::terminate() {
+    panel_.orderOut();
+    QCoreApplication::quit();
 }
 
 Scheme AppDelegate::scheme() const {
@@ -167,7 +180,8 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool AppDelegate::keyMonitor(QEvent& event) {
-    if (!panel_.visible()) return false;
+    // A menu of ours, such as a text field's, has the keys to itself.
+    if (!panel_.visible() || QApplication::activePopupWidget()) return false;
     // The key before this one may have opened a text field: it is there before this one goes on.
     panel_.content().refresh();
     return keys_.handleKey(desktop_.keyboard.read(static_cast<QKeyEvent&>(event)));

@@ -38,6 +38,7 @@ class AppDelegate final : public QObject {
     void watchModel();
     void watchDesktop();
     void layoutSoon();
+    void terminate();
     void redraw();
 
     Store& store_;
@@ -58,6 +59,7 @@ class AppDelegate final : public QObject {
     GridMouse grid_;
     Hotkey hotkey_;
     Hover hover_;
+    bool layoutPending_ = false;
     Lifetime lifetime_;
 };
 

@@ -10,6 +10,7 @@
 #include "app/Planner.h"
 #include "app/Snapshot.h"
 #include "platform/HttpsClient.h"
+#include "platform/Session.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "views/theme/Fonts.h"
 
@@ -55,24 +56,25 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
 
 int live(char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
-    SessionBus::startNone();
+    LinuxDesktop::prepare();
     int noArguments = argv[0] ? 1 : 0;
     const QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto desktop = LinuxDesktop::connect();
-    if (!desktop) return 1;
+    const auto linuxDesktop = LinuxDesktop::connect();
+    if (!linuxDesktop) return 1;
+    const Desktop desktop = linuxDesktop->services();
 
     AppDelegate* running = nullptr;
     const auto comeForward = [&running] {
         if (running) running->togglePanel();
     };
-    if (desktop->session.claim(comeForward) == Session::Claim::another) return 0;
+    if (desktop.session.claim(comeForward) == Session::Claim::another) return 0;
 
     registerFonts();
     NoZoneChanges zoneChanges;
     HttpsClient http;
-    Planner planner(desktop->timer, zoneChanges, &http, ConfigFile::Access::readWrite);
-    AppDelegate delegate(planner.store, planner.ui, desktop->services());
+    Planner planner(desktop.timer, zoneChanges, &http, ConfigFile::Access::readWrite);
+    AppDelegate delegate(planner.store, planner.ui, desktop);
     running = &delegate;
     const int status = QApplication::exec();
     running = nullptr;

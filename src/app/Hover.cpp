@@ -23,7 +23,7 @@ Hover::Hover(PanelWindows& windows, NotchUI& ui, Pointer& pointer, RepeatingTime
                 windows_.notchFound().subscribe([this] {
                     if (stage_ == Stage::folded && !ticks_) waitAtTheNotch();
                 })};
-    waitAtTheNotch();
+    if (!windows_.notch().isEmpty()) waitAtTheNotch();
 }
 
 Hover::~Hover() {

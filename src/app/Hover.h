@@ -20,7 +20,7 @@ class RepeatingTimer;
 /// sleeps.
 class Hover {
  public:
-    /// Begins at once; the notch has been found. All must outlive it.
+    /// Begins at once, or when the notch is found. All must outlive it.
     Hover(PanelWindows& windows, NotchUI& ui, Pointer& pointer, RepeatingTimer& timer);
     ~Hover();
     Hover(const Hover&) = delete;

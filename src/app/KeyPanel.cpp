@@ -1,6 +1,8 @@
 #include "app/KeyPanel.h"
 
 #include <QBitmap>
+#include <QScreen>
+#include <QWindow>
 
 namespace noonward {
 
@@ -11,7 +13,9 @@ KeyPanel::KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHosting
     setAttribute(Qt::WA_AlwaysShowToolTips);
     windows_.adopt(*this, options_.level);
     setFocusProxy(content_);
-    if (options_.outlined) content_->onFrame = [this] { takeOutline(); };
+    content_->onFrame = [this] { followFrame(); };
+    // Another screen may have another scale.
+    connect(windowHandle(), &QWindow::screenChanged, this, [this] { place(); });
 }
 
 void KeyPanel::setFrame(const QRectF& frame) {
@@ -26,7 +30,7 @@ void KeyPanel::place() {
     setGeometry(window);
     const QRect inside = QRect(QPoint(0, 0), window.size()).marginsRemoved(margins_);
     windows_.setInputRegion(*this, inside);
-    if (options_.blurred) windows_.setBlurBehind(*this, inside);
+    followFrame();
 }
 
 void KeyPanel::orderFront() {
@@ -35,13 +39,24 @@ void KeyPanel::orderFront() {
     content_->setMargins(margins_);
     options_.onShow(compositing_);
     place();
-    takeOutline();
     show();
     windows_.raise(*this);
 }
 
+void KeyPanel::followFrame() {
+    if (options_.outlined) takeOutline();
+    if (!options_.blurred || !compositing_) return;
+    // On its way, what is blurred would not be where the panel is.
+    QRegion region;
+    if (!content_->moving()) {
+        const QRectF inside = QRectF(rect()).marginsRemoved(margins_);
+        region = QRegion(options_.blurred(inside).toFillPolygon().toPolygon());
+    }
+    if (region != blurred_) windows_.setBlurBehind(*this, region);
+    blurred_ = region;
+}
+
 void KeyPanel::takeOutline() {
-    if (!options_.outlined) return;
     if (compositing_) return clearMask();
     const QImage shown = content_->picture(1);
     if (!shown.isNull()) setMask(QBitmap::fromImage(shown.createAlphaMask()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainterPath>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -19,7 +20,8 @@ class KeyPanel final : public QWidget, public Window {
         QMargins shadow;  ///< room that the content paints its shadow into, points
         /// Without translucency the window takes the outline of what it shows, not its square.
         bool outlined = false;
-        bool blurred = false;  ///< what lies behind it is blurred, where the desktop can
+        /// Where what lies behind it is blurred, where the desktop can; null without that.
+        std::function<QPainterPath(const QRectF& frame)> blurred;
         /// Told before each showing whether the window can be translucent.
         std::function<void(bool compositing)> onShow = [](bool) {};
     };
@@ -42,6 +44,7 @@ class KeyPanel final : public QWidget, public Window {
 
  private:
     void place();
+    void followFrame();
     void takeOutline();
 
     WindowSystem& windows_;
@@ -49,6 +52,7 @@ class KeyPanel final : public QWidget, public Window {
     Options options_;
     QRectF frame_;
     QMargins margins_;
+    QRegion blurred_;
     bool compositing_ = false;
 };
 

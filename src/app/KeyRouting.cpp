@@ -123,8 +123,8 @@ void KeyRouting::step(const KeyPress& press, int byMinutes) {
     store_.step(press.shift ? byMinutes * 12 : byMinutes);
 }
 
-// The field takes what is in it as selected when it gets the keyboard; the next digit would replace
-// the first.
+// A field that comes into the focus may select its text, as the desktop has it: the next digit
+// would replace the first.
 void KeyRouting::type(const KeyPress& press) {
     store_.startTyping(press.characters);
     queue_.after(untilTheFieldIsThere, lifetime_.weakly([this] { actions_.caretToEnd(); }));

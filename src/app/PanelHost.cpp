@@ -12,7 +12,7 @@ constexpr double shrunkWidth = 0.94;
 constexpr double shrunkHeight = 0.8;
 constexpr double raised = 8;  // points
 
-enum Form { welcome, settings, ribbon };
+enum Form : std::uint64_t { welcome, ribbon, settings };  // and one more for each showing
 
 }  // namespace
 
@@ -25,7 +25,10 @@ PanelHost::PanelHost(Store& store, NotchUI& ui, std::function<void()> onCopyInvi
                    ui.welcomeShown = false;
                    ui.settingsShown = choosePlaces;
                }),
-      ribbon_(store, ui, {.onCopyInvite = std::move(onCopyInvite)}) {}
+      ribbon_(store, ui, {.onCopyInvite = std::move(onCopyInvite)}),
+      showings_(whenChanged(
+          ui.changes(), [&ui] { return ui.settingsShown() && !ui.welcomeShown(); },
+          [this] { ++showing_; })) {}
 
 kit::View PanelHost::body(Scheme scheme, Backing backing) const {
     // What cannot be seen through would leave black around it.
@@ -37,12 +40,14 @@ kit::View PanelHost::body(Scheme scheme, Backing backing) const {
 }
 
 kit::View PanelHost::content(Scheme scheme, Backing backing) const {
-    const bool settingsShown = ui_.settingsShown() && !ui_.welcomeShown();
-    if (!settingsShown) settings_.reset();
     if (ui_.welcomeShown()) return form(Form::welcome, welcome_.body(scheme, backing));
-    if (!settingsShown) return form(Form::ribbon, ribbon_.body(scheme, backing));
-    if (!settings_) settings_.emplace(store_, ui_, SettingsView::Options{});
-    return form(Form::settings, settings_->body(scheme, backing));
+    if (!ui_.settingsShown()) return form(Form::ribbon, ribbon_.body(scheme, backing));
+    // Each time it is shown it is a new one, however short it was away.
+    if (!settings_ || settingsShowing_ != showing_) {
+        settings_.emplace(store_, ui_, SettingsView::Options{});
+        settingsShowing_ = showing_;
+    }
+    return form(Form::settings + showing_, settings_->body(scheme, backing));
 }
 
 }  // namespace noonward

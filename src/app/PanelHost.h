@@ -27,8 +27,11 @@ class PanelHost {
     Store& store_;
     NotchUI& ui_;
     WelcomeView welcome_;
-    mutable std::optional<SettingsView> settings_;  // while it is shown
+    mutable std::optional<SettingsView> settings_;  // of the latest showing
+    mutable unsigned settingsShowing_ = 0;          // which of them that is
+    unsigned showing_ = 0;
     RibbonPanel ribbon_;
+    Subscription showings_;
 };
 
 }  // namespace noonward

@@ -56,6 +56,7 @@ void PanelWindows::findNotch() {
     }
     services_.ui.notchWidth = notch_.width();
     services_.ui.height = notch_.height();
+    if (notchCourse_.open) placeCap();
     notchFound_.announce();
 }
 
@@ -66,15 +67,22 @@ bool PanelWindows::pointerNear() const {
 void PanelWindows::expand() {
     if (notchCourse_.open) return;
     notchCourse_.turn(true);
-    const double width = services_.ui.windowWidth();
-    services_.cap.setFrame({notch_.center().x() - width / 2, notch_.top(), width, notch_.height()});
+    placeCap();
     services_.cap.orderFront();
     next(notchCourse_, [this] { openOut(); });
 }
 
+void PanelWindows::placeCap() {
+    const double width = services_.ui.windowWidth();
+    services_.cap.setFrame({notch_.center().x() - width / 2, notch_.top(), width, notch_.height()});
+}
+
 void PanelWindows::openOut() {
     services_.feedback.levelChange();
-    if (services_.store.config().clickSound) services_.feedback.click(clickVolume);
+    if (services_.store.config().clickSound) {
+        // The first sound finds its way to the sound card first: the picture goes before it.
+        services_.queue.post(lifetime_.weakly([this] { services_.feedback.click(clickVolume); }));
+    }
     services_.animations.withAnimation(kit::spring(0.3, 0.58),
                                        [this] { services_.ui.expanded = true; });
     later(90ms, notchCourse_, [this] {

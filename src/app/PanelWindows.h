@@ -82,6 +82,7 @@ class PanelWindows {
     std::function<void()> onCourse(const Course& course, std::function<void()> step) const;
     void next(const Course& course, std::function<void()> step);
     void later(std::chrono::milliseconds delay, const Course& course, std::function<void()> step);
+    void placeCap();
     void openOut();
     void putAway();
 

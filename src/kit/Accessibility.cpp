@@ -195,9 +195,10 @@ class AccessibleView final : public QAccessibleWidget {
 
  private:
     const std::vector<Element>& tree() const {
+        const Placed& placed = view_.placed();  // pending changes are taken up first
         if (stale_) {
             stale_ = false;
-            tree_ = elements(view_.placed());
+            tree_ = elements(placed);
             byId_.clear();
             parents_.clear();
             index(tree_, std::nullopt);

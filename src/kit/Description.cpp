@@ -57,6 +57,10 @@ void collect(const Placed& placed, const std::string* tooltip, std::vector<Eleme
                         .rect = placed.rect});
         return;
     }
+    if (placed.node->dateField()) {
+        into.push_back({.id = placed.id, .role = Role::field, .name = {}, .rect = placed.rect});
+        return;
+    }
     const Description* said = placed.node->accessible();
     if (!said) return collectChildren(placed, tooltip, into);
 

@@ -62,7 +62,8 @@ class ScaleNode final : public Wrapper {
         if (x_ <= 0 || y_ <= 0) return;
         if (x_ == 1 && y_ == 1) return painting.paintChildren(self);
         // Drawn once as large as it is, and then as a picture: what is scaled is mostly on its way,
-        // and there is a frame to be drawn every few milliseconds.
+        // and there is a frame to be drawn every few milliseconds. What moves inside of it stands
+        // still meanwhile.
         const Placed& content = self.children.front();
         const double scale = painting.scale();
         const QSize pixels = (content.bounds.size() * scale).toSize() + QSize(1, 1);

@@ -1,6 +1,7 @@
 #include "kit/Fields.h"
 
 #include <QWidget>
+#include <algorithm>
 
 #include "kit/RealFields.h"
 
@@ -13,13 +14,17 @@ void Fields::sync(const Placed& tree, const QPoint& origin, bool resting) {
     wanted_.clear();
     if (tree.node) collect(tree, tree.bounds);
     removeOthers();
-    for (auto wish = wanted_.begin(); wish != wanted_.end(); ++wish) {
-        const Placed& placed = *wish->field;
-        std::unique_ptr<RealField>& field = fields_[wish.key()];
+    QWidget* before = nullptr;
+    for (const Wanted& wish : wanted_) {
+        const Placed& placed = *wish.field;
+        std::unique_ptr<RealField>& field = fields_[placed.id];
         const bool isNew = !field;
         if (isNew) field = makeRealField(placed, host_);
         field->update(placed);
-        place(*field, placed.rect, resting ? wish->visible : QRectF(), origin);
+        place(*field, placed.rect, resting ? wish.visible : QRectF(), origin);
+        // The Tab key follows the tree.
+        if (isNew && before) QWidget::setTabOrder(before, &field->widget());
+        before = &field->widget();
         if (!isNew) continue;
         field->widget().show();
         const TextFieldSpec* text = placed.node->textField();
@@ -30,7 +35,7 @@ void Fields::sync(const Placed& tree, const QPoint& origin, bool resting) {
 
 void Fields::collect(const Placed& placed, const QRectF& visible) {
     if (placed.node->textField() || placed.node->dateField()) {
-        wanted_.insert(placed.id, {&placed, visible & placed.rect});
+        wanted_.push_back({&placed, visible & placed.rect});
         return;
     }
     const QRectF inside = placed.node->cutsOff() ? visible & placed.rect : visible;
@@ -40,7 +45,8 @@ void Fields::collect(const Placed& placed, const QRectF& visible) {
 
 void Fields::removeOthers() {
     for (auto field = fields_.begin(); field != fields_.end();) {
-        if (wanted_.contains(field->first)) {
+        const auto same = [&](const Wanted& wish) { return wish.field->id == field->first; };
+        if (std::any_of(wanted_.begin(), wanted_.end(), same)) {
             ++field;
             continue;
         }
@@ -79,6 +85,11 @@ std::optional<Id> Fields::focused() const {
         if (field->widget().hasFocus()) return id;
     }
     return std::nullopt;
+}
+
+bool Fields::focusedHoldsKeys() const {
+    const auto id = focused();
+    return id && fields_.at(*id)->holdsKeys();
 }
 
 void Fields::caretToEnd() {

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QHash>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "kit/Placed.h"
 
@@ -18,6 +20,7 @@ class RealField {
     /// Brings it in step with its view. While it has the focus it keeps its own text.
     virtual void update(const Placed& field) = 0;
     virtual void caretToEnd() = 0;
+    virtual bool holdsKeys() const = 0;
 };
 
 /// The real text and date fields of a hosted tree, kept by identity: selection, undo, clipboard and
@@ -37,6 +40,8 @@ class Fields {
     QWidget* widget(Id id) const;
     /// The field that has the focus; nothing where none has.
     std::optional<Id> focused() const;
+    /// Whether that one is there for the keys: presses beside it leave them to it.
+    bool focusedHoldsKeys() const;
 
     /// Moves the insertion point of the focused field, if there is one, behind its text.
     void caretToEnd();
@@ -52,7 +57,7 @@ class Fields {
     };
 
     QWidget& host_;
-    QHash<Id, Wanted> wanted_;
+    std::vector<Wanted> wanted_;  // in the order of the tree
     std::map<Id, std::unique_ptr<RealField>> fields_;
 };
 

@@ -32,7 +32,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void invalidate();
 
     /// Takes up pending changes at once, without animation.
-    void refresh() { settle(std::nullopt); }
+    void refresh() { takeUp(std::nullopt); }
 
     /// Where everything is once nothing moves any more, pending changes included.
     const Placed& placed();
@@ -51,6 +51,8 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
 
     /// Called whenever something else is to be seen, frame by frame while it glides.
     std::function<void()> onFrame;
+    /// Whether anything is gliding.
+    bool moving() const { return presentation_.moving(); }
     /// What is to be seen at the moment, as a picture.
     QImage picture(double pixelsPerPoint);
 
@@ -72,11 +74,13 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
  private:
     using Hover = std::function<void(std::optional<QPointF>)>;
 
     void settle(const std::optional<Curve>& curve) override;
+    void takeUp(const std::optional<Curve>& curve);
     void present();
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;

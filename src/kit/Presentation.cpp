@@ -33,14 +33,15 @@ void Presentation::compare(const Placed& before, const Placed& after,
     if (before.node != after.node || before.rect != after.rect) {
         std::vector<double> behind = state(before);
         const std::vector<double> goal = state(after);
-        const bool comparable = behind.size() == goal.size();
-        if (!comparable || behind != goal) {
-            if (!comparable || !curve) {
-                glides_.erase(after.id);
-            } else {
-                std::transform(behind.begin(), behind.end(), goal.begin(), behind.begin(),
-                               std::minus<>());
+        if (behind.size() != goal.size()) {
+            glides_.erase(after.id);
+        } else if (behind != goal) {
+            std::transform(behind.begin(), behind.end(), goal.begin(), behind.begin(),
+                           std::minus<>());
+            if (curve) {
                 glides_[after.id].push_back({*curve, now, std::move(behind)});
+            } else {
+                jump(after.id, behind);
             }
         }
     }
@@ -58,6 +59,17 @@ void Presentation::compare(const Placed& before, const Placed& after,
         }
         compare(*found, child, curve, now);
         old = static_cast<std::size_t>(found - before.children.begin()) + 1;
+    }
+}
+
+// The numbers that have changed are at once where they belong; the others go on.
+void Presentation::jump(Id id, const std::vector<double>& changed) {
+    const auto found = glides_.find(id);
+    if (found == glides_.end()) return;
+    for (Glide& glide : found->second) {
+        for (std::size_t i = 0; i < changed.size(); ++i) {
+            if (changed[i] != 0) glide.behind[i] = 0;
+        }
     }
 }
 

@@ -39,6 +39,7 @@ class Presentation {
 
     void compare(const Placed& before, const Placed& after, const std::optional<Curve>& curve,
                  double now);
+    void jump(Id id, const std::vector<double>& changed);
     void forget(const Placed& gone);
     void forgetFinished(double now);
     Placed presented(const Placed& target, double now) const;

@@ -48,10 +48,12 @@ class LineField final : public RealField {
         // Where edits are stored trimmed, the space before the next word is not in the model yet.
         if (!edit_->hasFocus() && text != edit_->text().trimmed()) edit_->setText(text);
         edit_->setPlaceholderText(QString::fromStdString(wish_.placeholder));
+        edit_->setAccessibleName(edit_->placeholderText());
         dress(*edit_, field.environment);
     }
 
     void caretToEnd() override { edit_->end(false); }
+    bool holdsKeys() const override { return wish_.focusOnAppear; }
 
  private:
     QLineEdit* edit_;
@@ -64,6 +66,7 @@ class DateField final : public RealField {
         edit_->setFrame(false);
         edit_->setButtonSymbols(QAbstractSpinBox::NoButtons);
         edit_->setDisplayFormat(dateFormat());
+        edit_->setLocale(QLocale::c());  // the digits that the painted twin has
         QObject::connect(edit_, &QDateEdit::userDateChanged, edit_, [this](QDate day) {
             const auto callback = wish_.onChange;
             if (callback && day != wish_.day) callback(day);
@@ -80,6 +83,7 @@ class DateField final : public RealField {
     }
 
     void caretToEnd() override {}
+    bool holdsKeys() const override { return false; }
 
  private:
     QDateEdit* edit_;

@@ -230,11 +230,12 @@ TEST(Hosting, ScrollsByWheelAndByFocus) {
     ASSERT_EQ(fields.size(), 2);
     EXPECT_FALSE(window.view.rect().intersects(fields[1]->geometry())) << "scrolled out of sight";
     fields[0]->setFocus();
-    window.view.refresh();
+    QApplication::processEvents();
     EXPECT_EQ(position, most - metrics(environment.font).lineHeight);
     fields[1]->setFocus();
-    window.view.refresh();
+    QApplication::processEvents();
     EXPECT_EQ(position, most);
+    window.view.refresh();
     EXPECT_TRUE(window.view.rect().contains(fields[1]->geometry().center()));
 }
 

@@ -115,6 +115,17 @@ TEST(Presentation, WhatChangesWithoutAnimationJumpsAndTheRestGlidesOn) {
 
     presentation.show(placed(two(30, 50)), std::nullopt, 0.1);
     EXPECT_EQ(seen(presentation, 0.1).left, 30);
+
+    // Of one view too: it is resized while it fades in.
+    const auto fading = [](double width, double opacity) {
+        return rectangle().fill(black).frame({.width = width, .height = 10}).opacity(opacity);
+    };
+    presentation.show(placed(fading(10, 0)), std::nullopt, 1);
+    presentation.show(placed(fading(10, 1)), spring(0.4, 0.8), 1);
+    const double opacity = seen(presentation, 1.1).opacity;
+    presentation.show(placed(fading(90, 1)), std::nullopt, 1.1);
+    EXPECT_EQ(seen(presentation, 1.1).width, 90);
+    EXPECT_EQ(seen(presentation, 1.1).opacity, opacity);
 }
 
 TEST(Presentation, WhatComesStartsWhereItBelongs) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "kit/Interaction.h"
 #include "kit/Node.h"

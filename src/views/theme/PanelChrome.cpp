@@ -37,6 +37,10 @@ CornerRadii corners(const PanelChromeSpec& options) {
 
 }  // namespace
 
+QPainterPath panelOutline(const QRectF& frame) {
+    return roundedPath(frame, {0, 0, bottomRadius, bottomRadius}, CornerStyle::continuous);
+}
+
 const DropShadow& panelShadow() {
     static const DropShadow shadow{.radii = {0, 0, bottomRadius, bottomRadius},
                                    .colour = black.opacity(0.4),

@@ -19,6 +19,9 @@ struct PanelChromeSpec {
     Backing backing = Backing::opaque;
 };
 
+/// The outline of a frosted panel in its frame.
+QPainterPath panelOutline(const QRectF& frame);
+
 /// What a frosted panel casts.
 const kit::DropShadow& panelShadow();
 

@@ -1,0 +1,105 @@
+// Opens and closes the panel ten thousand times on a private X server, without waiting for the
+// clock, and tells how much memory that leaves behind.
+
+#include <QApplication>
+#include <cstdio>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+
+#include "LiveServer.h"
+#include "app/AppDelegate.h"
+#include "app/Planner.h"
+#include "platform/MainQueue.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "views/theme/Fonts.h"
+
+namespace noonward::bench {
+namespace {
+
+constexpr double budgetKiB = 512;
+
+// What falls due later falls due at once, in order.
+class ImpatientQueue final : public MainQueue {
+ public:
+    void post(std::function<void()> work) override { works_.push_back(std::move(work)); }
+    void after(std::chrono::milliseconds, std::function<void()> work) override {
+        works_.push_back(std::move(work));
+    }
+    void run() {
+        while (!works_.empty()) {
+            const auto work = std::move(works_.front());
+            works_.pop_front();
+            work();
+            QCoreApplication::processEvents();
+        }
+    }
+
+ private:
+    std::deque<std::function<void()>> works_;
+};
+
+class NoZoneChanges final : public ZoneChanges {
+ public:
+    Subscription subscribe(std::function<void()>) override { return {}; }
+};
+
+double privateDirtyKiB() {
+    std::ifstream file("/proc/self/smaps_rollup");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("Private_Dirty:")) return std::stod(line.substr(14));
+    }
+    return 0;
+}
+
+void openAndClose(AppDelegate& delegate, ImpatientQueue& queue) {
+    for (int i = 0; i < 2; ++i) {
+        delegate.togglePanel();
+        queue.run();
+    }
+}
+
+int run(int argc, char** argv, int openings) {
+    const QApplication application(argc, argv);
+    registerFonts();
+    const auto desktop = LinuxDesktop::connect();
+    if (!desktop) return 1;
+    const Desktop real = desktop->services();
+    ImpatientQueue queue;
+    NoZoneChanges zoneChanges;
+    Planner planner(real.timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
+    AppDelegate delegate(planner.store, planner.ui,
+                         Desktop{queue, real.timer, real.screens, real.pointer, real.windows,
+                                 real.presses, real.keyboard, real.hotKeys, real.session,
+                                 real.appearance, real.pasteboard, real.feedback, nullptr});
+    queue.run();
+    // Caches fill first.
+    for (int i = 0; i < openings / 10; ++i)
+        openAndClose(delegate, queue);
+    const double before = privateDirtyKiB();
+    for (int i = 0; i < openings; ++i)
+        openAndClose(delegate, queue);
+    const double grown = privateDirtyKiB() - before;
+    std::printf("%d openings and closings: memory grown by %.0f KiB (budget %g)\n", openings, grown,
+                budgetKiB);
+    return grown <= budgetKiB ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace noonward::bench
+
+// The one argument is how many times.
+int main(int argc, char** argv) {
+    noonward::bench::LiveServer server;
+    server.movePointer(800, 600);
+    const auto data = std::filesystem::temp_directory_path() /
+                      ("noonward-openings-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(data);
+    qputenv("DISPLAY", QByteArray::fromStdString(server.display()));
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString(data));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
+    const int status = noonward::bench::run(argc, argv, argc > 1 ? std::atoi(argv[1]) : 10'000);
+    std::filesystem::remove_all(data);
+    return status;
+}

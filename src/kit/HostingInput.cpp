@@ -1,0 +1,186 @@
+#include <QHelpEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "kit/FirstClickHostingView.h"
+#include "kit/Node.h"
+
+// What the user does with the pointer, as far as a hosting view hands it to what it shows.
+
+namespace kit {
+namespace {
+
+bool takesPress(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->press;
+}
+bool takesHover(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->hover;
+}
+bool hasTooltip(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && !interaction->tooltip.empty();
+}
+bool hasMenu(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && !interaction->menu.empty();
+}
+
+// Where a scrolled view is now, and how far it can go, in points.
+double position(const Placed& scrolled) {
+    return scrolled.rect.top() - scrolled.children.front().rect.top();
+}
+double mostPosition(const Placed& scrolled) {
+    return std::max(0.0, scrolled.children.front().rect.height() - scrolled.rect.height());
+}
+
+void scrollTo(const Placed& scrolled, double wanted) {
+    const double target = std::clamp(wanted, 0.0, mostPosition(scrolled));
+    if (target == position(scrolled)) return;
+    const auto scroll = scrolled.node->interaction()->scrollTo;
+    scroll(target);
+}
+
+bool scrolls(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->scrollTo;
+}
+
+// The nodes from the root down to the one of that identity; empty without it.
+std::vector<const Placed*> pathTo(const Placed& root, Id id) {
+    if (root.id == id) return {&root};
+    for (const Placed& child : root.children) {
+        std::vector<const Placed*> path = pathTo(child, id);
+        if (path.empty()) continue;
+        path.insert(path.begin(), &root);
+        return path;
+    }
+    return {};
+}
+
+// Names are the user's: none is to be taken for markup.
+QString plain(const std::string& text) {
+    const QString line = QString::fromStdString(text);
+    return Qt::mightBeRichText(line) ? line.toHtmlEscaped() : line;
+}
+
+}  // namespace
+
+void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        const auto path = hit(placed(), inView(event->position()), hasMenu);
+        if (!path.empty()) {
+            popUp(path.back()->node->interaction()->menu, event->globalPosition().toPoint());
+        }
+        return;
+    }
+    if (event->button() != Qt::LeftButton) return;
+    const auto path = hit(placed(), inView(event->position()), takesPress);
+    pressed_ = path.empty() ? std::nullopt : std::optional(path.back()->id);
+    if (path.empty() && !fields_.focusedHoldsKeys()) setFocus();
+}
+
+void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !pressed_) return;
+    const Id id = *std::exchange(pressed_, std::nullopt);
+    const auto path = hit(placed(), inView(event->position()), takesPress);
+    if (path.empty() || path.back()->id != id) return;
+    // Held: what it does may build another tree.
+    const auto press = path.back()->node->interaction()->press;
+    QToolTip::hideText();
+    press();
+}
+
+void FirstClickHostingView::mouseMoveEvent(QMouseEvent* event) {
+    hoverAt(inView(event->position()));
+}
+
+void FirstClickHostingView::leaveEvent(QEvent*) {
+    hoverAt(std::nullopt);
+}
+
+void FirstClickHostingView::wheelEvent(QWheelEvent* event) {
+    const auto path = hit(placed(), inView(event->position()), scrolls);
+    if (path.empty()) return;
+    // A notch of a wheel is 120 of its units, and three lines of text.
+    constexpr double pointsPerUnit = 48.0 / 120;
+    scrollTo(*path.back(), position(*path.back()) - event->angleDelta().y() * pointsPerUnit);
+}
+
+// A field that the focus has come to is scrolled into sight.
+void FirstClickHostingView::showFocusedField() {
+    const std::optional<Id> focused = fields_.focused();
+    if (focused == std::exchange(focusedField_, focused) || !focused) return;
+    const auto path = pathTo(presentation_.target(), *focused);
+    for (const Placed* outer : path) {
+        if (!scrolls(*outer)) continue;
+        const QRectF field = path.back()->rect;
+        const double down = std::max(0.0, field.bottom() - outer->rect.bottom());
+        const double up = std::max(0.0, outer->rect.top() - field.top());
+        scrollTo(*outer, position(*outer) + down - up);
+    }
+}
+
+void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {
+    pointer_ = point;
+    std::map<Id, Hover> now;
+    std::vector<std::pair<Hover, QPointF>> calls;
+    if (point) {
+        for (const Placed* placed : hit(presentation_.target(), *point, takesHover)) {
+            if (!takesHover(*placed)) continue;
+            now.emplace(placed->id, placed->node->interaction()->hover);
+            calls.emplace_back(placed->node->interaction()->hover, *point - placed->rect.topLeft());
+        }
+    }
+    const std::map<Id, Hover> before = std::exchange(hovered_, now);
+    for (const auto& [id, left] : before) {
+        if (!now.contains(id)) left(std::nullopt);
+    }
+    for (const auto& [hover, at] : calls)
+        hover(at);
+}
+
+bool FirstClickHostingView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const auto path = hit(placed(), inView(help->pos()), hasTooltip);
+        if (path.empty()) {
+            QToolTip::hideText();
+        } else {
+            const Placed& over = *path.back();
+            QToolTip::showText(help->globalPos(), plain(over.node->interaction()->tooltip), this,
+                               over.rect.toAlignedRect().translated(origin()));
+        }
+        return true;
+    }
+    // Two presses in quick succession are two presses.
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        mousePressEvent(static_cast<QMouseEvent*>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+// The menu stands on its own: it stays when the window it was asked for from is hidden.
+void FirstClickHostingView::popUp(const std::vector<MenuItem>& items, const QPoint& at) {
+    auto* menu = new QMenu;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const MenuItem& item : items) {
+        if (item.title.empty()) {
+            menu->addSeparator();
+        } else {
+            // Later: what it does must not happen while the menu is still closing.
+            QAction* action =
+                menu->addAction(QString::fromStdString(item.title).replace('&', "&&"));
+            QObject::connect(action, &QAction::triggered, this, item.choose, Qt::QueuedConnection);
+        }
+    }
+    menu->popup(at);
+}
+
+}  // namespace kit

@@ -1,0 +1,73 @@
+#include "platform/linux/LinuxDesktop.h"
+
+#include "platform/ClipboardPasteboard.h"
+#include "platform/EventLoopQueue.h"
+#include "platform/MainLoopTimer.h"
+#include "platform/linux/BusSession.h"
+#include "platform/linux/CanberraFeedback.h"
+#include "platform/linux/PortalAppearance.h"
+#include "platform/linux/SessionBus.h"
+#include "platform/linux/X11.h"
+#include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11Keyboard.h"
+#include "platform/linux/X11Pointer.h"
+#include "platform/linux/X11PressesElsewhere.h"
+#include "platform/linux/X11Screens.h"
+#include "platform/linux/X11Stack.h"
+#include "platform/linux/X11WindowSystem.h"
+
+namespace noonward {
+
+// The members, in order, are how it is built.
+struct LinuxDesktop::Services {
+    explicit Services(std::unique_ptr<X11> connection) : x11(std::move(connection)) {}
+
+    std::unique_ptr<X11> x11;
+    EventLoopQueue queue;
+    MainLoopTimer timer;
+    X11Stack stack{*x11};
+    X11Screens screens{*x11};
+    X11Pointer pointer{*x11, stack};
+    X11PressesElsewhere presses{*x11};
+    X11WindowSystem windows{*x11, stack, presses};
+    X11Keyboard keyboard{*x11};
+    X11HotKeys hotKeys{*x11};
+    SessionBus bus;
+    BusSession session{bus};
+    PortalAppearance appearance{bus};
+    ClipboardPasteboard pasteboard;
+    CanberraFeedback feedback;
+};
+
+void LinuxDesktop::prepare() {
+    SessionBus::startNone();
+}
+
+std::unique_ptr<LinuxDesktop> LinuxDesktop::connect() {
+    auto x11 = X11::connect();
+    if (!x11) return nullptr;
+    return std::unique_ptr<LinuxDesktop>(
+        new LinuxDesktop(std::make_unique<Services>(std::move(x11))));
+}
+
+LinuxDesktop::LinuxDesktop(std::unique_ptr<Services> services) : services_(std::move(services)) {}
+LinuxDesktop::~LinuxDesktop() = default;
+
+Desktop LinuxDesktop::services() {
+    Services& s = *services_;
+    return {.queue = s.queue,
+            .timer = s.timer,
+            .screens = s.screens,
+            .pointer = s.pointer,
+            .windows = s.windows,
+            .presses = s.presses,
+            .keyboard = s.keyboard,
+            .hotKeys = s.hotKeys,
+            .session = s.session,
+            .appearance = s.appearance,
+            .pasteboard = s.pasteboard,
+            .feedback = s.feedback,
+            .updater = nullptr};
+}
+
+}  // namespace noonward
