@@ -114,13 +114,16 @@ void HttpsClient::get(const std::string& url, Done done) {
         QMetaObject::invokeMethod(&context_, refuse, Qt::QueuedConnection);
         return;
     }
-    QNetworkReply* reply = manager().get(requestFor(address, options_));
+    if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
+    QNetworkReply* reply = manager_->get(requestFor(address, options_));
+    ++underWay_;
     new Fetch(reply, options_, std::move(done));  // the reply owns it
+    // After the call, which may have asked for more.
+    QObject::connect(reply, &QNetworkReply::finished, &context_, [this] { finished(); });
 }
 
-QNetworkAccessManager& HttpsClient::manager() {
-    if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
-    return *manager_;
+void HttpsClient::finished() {
+    if (--underWay_ == 0) manager_.release()->deleteLater();
 }
 
 }  // namespace noonward

@@ -34,11 +34,13 @@ class HttpsClient final : public HttpClient {
              std::function<void(std::optional<HttpResponse>)> done) override;
 
  private:
-    QNetworkAccessManager& manager();
+    void finished();
 
     Options options_;
     QObject context_;
-    std::unique_ptr<QNetworkAccessManager> manager_;  // made for the first request: it is costly
+    // With a thread and TLS state of its own: there only while something is under way.
+    std::unique_ptr<QNetworkAccessManager> manager_;
+    int underWay_ = 0;
 };
 
 }  // namespace noonward

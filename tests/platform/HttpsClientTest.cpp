@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 
 #include "fakes/FakeClock.h"
@@ -59,6 +61,16 @@ class HttpsClientTest : public testing::Test {
 
     TlsServer server;
 };
+
+/// Whether what the library works with is there: it has a thread of that name.
+bool isAtWork() {
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string name;
+        std::getline(std::ifstream(task.path() / "comm"), name);
+        if (name.starts_with("QNetworkAccess")) return true;
+    }
+    return false;
+}
 
 void expectNothing(const std::optional<Result>& result, const std::string& what) {
     ASSERT_TRUE(result) << what << ": no call";
@@ -185,6 +197,21 @@ TEST_F(HttpsClientTest, KeepsNoCookiesAndNoCopies) {
         ASSERT_EQ(server.requests.size(), count);
     }
     EXPECT_EQ(server.requests.back().find("Cookie:"), std::string::npos);
+}
+
+TEST_F(HttpsClientTest, KeepsNothingRunningOnceAllIsDone) {
+    server.answers["/"] = TlsServer::whole("200 OK", "body");
+    HttpsClient client(options());
+    for (int round = 0; round < 2; ++round) {
+        int done = 0;
+        client.get(server.origin() + "/", [&](Result) {
+            EXPECT_TRUE(isAtWork());
+            client.get(server.origin() + "/", [&](Result second) { done += second ? 1 : 0; });
+        });
+        client.get(server.origin() + "/", [&](Result first) { done += first ? 1 : 0; });
+        EXPECT_TRUE(eventually([&] { return done == 2; }));
+        EXPECT_TRUE(eventually([] { return !isAtWork(); }));
+    }
 }
 
 TEST_F(HttpsClientTest, GivesUpWhatIsUnderWayWhenItGoes) {
