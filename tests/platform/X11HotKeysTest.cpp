@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "support/OtherClient.h"
@@ -41,6 +42,27 @@ class X11HotKeysTest : public testing::Test {
         const auto cookie = xcb_grab_key_checked(other.connection(), false, other.root(), modifiers,
                                                  tKey, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
         return !Reply<xcb_generic_error_t>(xcb_request_check(other.connection(), cookie));
+    }
+
+    using ModifierMap = std::vector<xcb_keycode_t>;  // the keys of each modifier, one by one
+    ModifierMap modifierMap() {
+        const Reply<xcb_get_modifier_mapping_reply_t> now(xcb_get_modifier_mapping_reply(
+            other.connection(), xcb_get_modifier_mapping(other.connection()), nullptr));
+        const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(now.get());
+        return {codes, codes + 8 * now->keycodes_per_modifier};
+    }
+    static ModifierMap swapped(ModifierMap map, int one, int two) {
+        const auto width = static_cast<int>(map.size() / 8);
+        std::swap_ranges(map.begin() + one * width, map.begin() + (one + 1) * width,
+                         map.begin() + two * width);
+        return map;
+    }
+    bool install(const ModifierMap& map) {
+        const auto width = static_cast<std::uint8_t>(map.size() / 8);
+        const Reply<xcb_set_modifier_mapping_reply_t> done(xcb_set_modifier_mapping_reply(
+            other.connection(), xcb_set_modifier_mapping(other.connection(), width, map.data()),
+            nullptr));
+        return done && done->status == XCB_MAPPING_STATUS_SUCCESS;
     }
 
     OtherClient other;
@@ -99,27 +121,33 @@ TEST_F(X11HotKeysTest, HasNoKeysButLetters) {
 
 TEST_F(X11HotKeysTest, FollowsAltToAnotherModifier) {
     ASSERT_EQ(add(tCode, 1), Outcome::registered);
-    const Reply<xcb_get_modifier_mapping_reply_t> before(xcb_get_modifier_mapping_reply(
-        other.connection(), xcb_get_modifier_mapping(other.connection()), nullptr));
-    const auto width = before->keycodes_per_modifier;
-    const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(before.get());
-    const std::vector<xcb_keycode_t> original(codes, codes + 8 * width);
-    auto changed = original;
-    std::swap_ranges(changed.begin() + XCB_MAP_INDEX_1 * width,
-                     changed.begin() + XCB_MAP_INDEX_2 * width,
-                     changed.begin() + XCB_MAP_INDEX_3 * width);
-    const auto install = [&](const std::vector<xcb_keycode_t>& mapping) {
-        const Reply<xcb_set_modifier_mapping_reply_t> done(xcb_set_modifier_mapping_reply(
-            other.connection(), xcb_set_modifier_mapping(other.connection(), width, mapping.data()),
-            nullptr));
-        return done && done->status == XCB_MAPPING_STATUS_SUCCESS;
-    };
+    const auto original = modifierMap();
+    const auto changed = swapped(original, XCB_MAP_INDEX_1, XCB_MAP_INDEX_3);
     ASSERT_TRUE(install(changed));
     EXPECT_TRUE(eventually([&] {
         if (pressed.empty()) strike({controlKey, altKey, tKey});
         return !pressed.empty();
     }));
     EXPECT_TRUE(grabElsewhere(controlAlt)) << "the former bits are free again";
+    ASSERT_TRUE(install(original));
+}
+
+TEST_F(X11HotKeysTest, TriesAgainWhereAnotherProgramWasInTheWay) {
+    ASSERT_EQ(add(tCode, 1), Outcome::registered);
+    const auto original = modifierMap();
+    const auto changed = swapped(original, XCB_MAP_INDEX_1, XCB_MAP_INDEX_3);
+    constexpr auto newBits = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_3;
+    ASSERT_TRUE(grabElsewhere(newBits));
+    ASSERT_TRUE(install(changed));
+    EXPECT_TRUE(eventually([&] { return grabElsewhere(controlAlt); })) << "it has followed";
+
+    xcb_ungrab_key(other.connection(), tKey, other.root(), newBits);
+    other.sync();
+    ASSERT_TRUE(install(swapped(changed, XCB_MAP_INDEX_4, XCB_MAP_INDEX_5)));
+    EXPECT_TRUE(eventually([&] {
+        if (pressed.empty()) strike({controlKey, altKey, tKey});
+        return !pressed.empty();
+    }));
     ASSERT_TRUE(install(original));
 }
 

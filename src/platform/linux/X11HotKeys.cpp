@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace noonward {
 namespace {
@@ -58,7 +59,7 @@ X11HotKeys::X11HotKeys(X11& x11) : x11_(x11) {
 
 X11HotKeys::~X11HotKeys() {
     for (const Key& key : keys_)
-        release(key);
+        if (key.isHeld) release(key);
 }
 
 HotKeys::Outcome X11HotKeys::registerKey(int keyCode, std::uint32_t modifiers, std::uint32_t id,
@@ -102,15 +103,18 @@ void X11HotKeys::release(const Key& key) const {
     xcb_flush(x11_.connection());
 }
 
-/// The key's place stays the same, but a new keymap may move Alt and Num Lock to other bits.
+/// The key's place stays the same, but a new keymap may move Alt and Num Lock to other bits. Those
+/// may be taken; another keymap is also an occasion to look whether they still are.
 void X11HotKeys::follow() {
+    if (keys_.empty()) return;
     const Roles roles = currentRoles();
-    if (keys_.empty() || roles == roles_) return;
-    for (const Key& key : keys_)
-        release(key);
-    roles_ = roles;
-    for (const Key& key : keys_)
-        grab(key);
+    if (roles != roles_) {
+        for (Key& key : keys_)
+            if (std::exchange(key.isHeld, false)) release(key);
+        roles_ = roles;
+    }
+    for (Key& key : keys_)
+        if (!key.isHeld) key.isHeld = grab(key) == Outcome::registered;
 }
 
 X11HotKeys::Roles X11HotKeys::currentRoles() const {

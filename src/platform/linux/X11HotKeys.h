@@ -32,6 +32,7 @@ class X11HotKeys final : public HotKeys {
         std::uint32_t modifiers = 0;
         std::uint32_t id = 0;
         std::function<void(std::uint32_t id)> pressed;
+        bool isHeld = true;  // the server hands it to us
         bool isDown = false;
         xcb_timestamp_t lastDown = 0;  // of the latest press, or of a repeat of it
         xcb_timestamp_t lastUp = 0;
