@@ -11,9 +11,10 @@ struct KeyPress {
     enum class Key { escape, leftArrow, rightArrow, other };
     Key key = Key::other;
     bool shift = false;
-    bool command = false;              ///< Control
-    std::string characters;            ///< typed, all modifiers applied; UTF-8
-    std::string charactersUnmodified;  ///< without Control, Alt and Super; Shift and AltGr count
+    bool command = false;    ///< Control
+    std::string characters;  ///< typed, all modifiers applied; UTF-8
+    /// Without Control, Alt, Super and Caps Lock; Shift and AltGr count.
+    std::string charactersUnmodified;
 };
 
 /// Reads key presses with the keyboard's current layout.

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <array>
+#include <cstdarg>
 
 namespace noonward {
 namespace {
@@ -30,10 +31,11 @@ KeyPress::Key keyOf(int key) {
     }
 }
 
-// Modifiers that make commands, not characters.
-std::uint32_t commandModifiers(xkb_keymap* keymap) {
+// Modifiers that make commands, not characters; and a lock must not turn one key into another.
+std::uint32_t ignoredModifiers(xkb_keymap* keymap) {
     std::uint32_t result = 0;
-    for (const char* name : {XKB_MOD_NAME_CTRL, XKB_MOD_NAME_ALT, XKB_MOD_NAME_LOGO}) {
+    for (const char* name :
+         {XKB_MOD_NAME_CTRL, XKB_MOD_NAME_ALT, XKB_MOD_NAME_LOGO, XKB_MOD_NAME_CAPS}) {
         const xkb_mod_index_t index = xkb_keymap_mod_get_index(keymap, name);
         if (index < 32) result |= 1U << index;
     }
@@ -72,6 +74,10 @@ xkb_keymap* X11Keyboard::keymap() const {
                 XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr))
             return nullptr;
         context_.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
+        // It would write to the standard error, of a keymap that somebody else has made.
+        if (context_)
+            xkb_context_set_log_fn(context_.get(),
+                                   [](xkb_context*, xkb_log_level, const char*, va_list) {});
     }
     if (!context_) return nullptr;
     const std::int32_t device = xkb_x11_get_core_keyboard_device_id(x11_.connection());
@@ -87,7 +93,7 @@ std::string X11Keyboard::unmodified(const QKeyEvent& event) const {
     const std::unique_ptr<xkb_state, ReleaseState> state(map ? xkb_state_new(map) : nullptr);
     if (!state) return event.text().toStdString();
     const std::uint32_t native = event.nativeModifiers();
-    xkb_state_update_mask(state.get(), native & modifierBits & ~commandModifiers(map), 0, 0, 0, 0,
+    xkb_state_update_mask(state.get(), native & modifierBits & ~ignoredModifiers(map), 0, 0, 0, 0,
                           native >> layoutShift & layoutBits);
     std::array<char, 64> text{};  // longer ones are cut
     xkb_state_key_get_utf8(state.get(), code, text.data(), text.size());
