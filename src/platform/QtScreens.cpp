@@ -22,7 +22,6 @@ QtScreens::QtScreens() {
 void QtScreens::watch(QScreen& screen) {
     const auto changed = [this] { reconsider(); };
     QObject::connect(&screen, &QScreen::geometryChanged, &context_, changed);
-    QObject::connect(&screen, &QScreen::availableGeometryChanged, &context_, changed);
 }
 
 std::vector<Screen> QtScreens::all() const {

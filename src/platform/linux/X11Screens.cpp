@@ -2,11 +2,15 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <chrono>
 #include <optional>
 #include <vector>
 
 namespace noonward {
 namespace {
+
+// A bar that starts anew is gone for a moment, and what it kept free with it.
+constexpr std::chrono::milliseconds restart(500);
 
 constexpr double thickest = 120;           // points; no bar that one would call so is higher
 constexpr std::uint32_t mostWords = 4096;  // four for each workspace
@@ -34,10 +38,14 @@ std::optional<std::uint32_t> topOfWorkArea(X11& x11) {
 
 X11Screens::X11Screens(X11& x11) : x11_(x11) {
     x11_.addRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    settling_.setSingleShot(true);
+    settling_.setInterval(restart);
+    settling_.callOnTimeout([this] { reconsider(); });
     events_ = x11_.onEvent([this](const xcb_generic_event_t& event, std::uint8_t type) {
         if (type != XCB_PROPERTY_NOTIFY) return;
         const auto& change = as<xcb_property_notify_event_t>(event);
-        if (change.window == x11_.root() && change.atom == x11_.atom("_NET_WORKAREA")) reconsider();
+        if (change.window == x11_.root() && change.atom == x11_.atom("_NET_WORKAREA"))
+            settling_.start();
     });
 }
 

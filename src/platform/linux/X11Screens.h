@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QTimer>
+
 #include "platform/QtScreens.h"
 #include "platform/linux/X11.h"
 
@@ -14,6 +16,7 @@ class X11Screens final : public QtScreens {
 
  private:
     X11& x11_;
+    QTimer settling_;
     Subscription events_;
 };
 
