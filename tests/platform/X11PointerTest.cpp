@@ -78,10 +78,44 @@ TEST_F(X11PointerTest, CallsOnceWhenTheZoneIsEntered) {
 }
 
 TEST_F(X11PointerTest, CallsFromTheEventLoopWhenThePointerIsThereAlready) {
+    for (const QPoint& beside : {QPoint(zone.right() + 1, 10), QPoint(500, zone.bottom() + 1)}) {
+        other.movePointer(beside);
+        wait();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(entered, 0) << beside.x() << ' ' << beside.y();
+    }
     other.movePointer(inside);
     wait();
     EXPECT_EQ(entered, 0);
     EXPECT_TRUE(isEntered());
+}
+
+TEST(X11PointerInsideWaylandTest, KnowsThePointerForAsLongAsItRestsInTheZone) {
+    OtherClient other;
+    const auto x11 = X11::connect(true);
+    X11Stack stack(*x11);
+    X11Pointer pointer(*x11, stack);
+    other.movePointer(outside);
+    bool entered = false;
+    pointer.waitFor(zone, [&] {
+        entered = true;
+        pointer.stopWaiting();
+    });
+    sync(*x11);
+    EXPECT_EQ(pointer.position(), std::nullopt);
+    for (const QPoint& at : {inside, zone.bottomRight()}) {
+        other.movePointer(at);
+        EXPECT_TRUE(eventually([&] { return entered; }));
+        EXPECT_EQ(pointer.position(), QPointF(at));
+    }
+    other.movePointer(outside);
+    EXPECT_TRUE(eventually([&] { return !pointer.position(); }));
+
+    sync(*x11);
+    other.show(zone);
+    other.movePointer(inside);
+    other.click(XCB_BUTTON_INDEX_1);
+    EXPECT_EQ(other.presses(), 1);
 }
 
 TEST_F(X11PointerTest, ForgetsWhatItNoLongerWaitsFor) {

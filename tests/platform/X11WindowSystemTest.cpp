@@ -23,6 +23,8 @@ xcb_window_t idOf(const QWidget& widget) {
 
 class X11WindowSystemTest : public testing::Test {
  protected:
+    explicit X11WindowSystemTest(bool insideWayland = false) : x11(X11::connect(insideWayland)) {}
+
     void SetUp() override {
         other.movePointer({5, 700});
         windows.adopt(panel, WindowSystem::Level::panel);
@@ -53,12 +55,17 @@ class X11WindowSystemTest : public testing::Test {
     }
 
     OtherClient other;
-    std::unique_ptr<X11> x11 = X11::connect();
+    std::unique_ptr<X11> x11;
     X11Stack stack{*x11};
     X11PressesElsewhere presses{*x11};
     X11WindowSystem windows{*x11, stack, presses};
     QWidget panel;
     QWidget cap;
+};
+
+class X11WindowSystemInsideWaylandTest : public X11WindowSystemTest {
+ protected:
+    X11WindowSystemInsideWaylandTest() : X11WindowSystemTest(true) {}
 };
 
 TEST_F(X11WindowSystemTest, KeepsOursInFrontAndInOrder) {
@@ -218,6 +225,32 @@ TEST_F(X11WindowSystemTest, FetchesTheKeysOnlyWhenTheyFollowThePointer) {
     other.focus(former);
     EXPECT_TRUE(eventually([&] { return !panel.isActiveWindow(); }));
     EXPECT_EQ(other.focused(), former);
+}
+
+TEST_F(X11WindowSystemInsideWaylandTest, TakesTheLossOfTheKeysForAPressElsewhere) {
+    const xcb_window_t chosen = other.show({0, 300, 100, 100});
+    int heard = 0;
+    const auto watch = presses.onPress([&] { ++heard; });
+    show(panel);
+    show(cap);
+    windows.takeKeys(panel);
+    ASSERT_TRUE(hasKeys(idOf(panel)));
+    const auto lose = [&](xcb_window_t to) {
+        other.focus(idOf(panel));
+        other.movePointer({50, 350});
+        other.focus(to);
+        other.movePointer({5, 700});
+        return heard > 0;
+    };
+    EXPECT_TRUE(eventually([&] { return lose(chosen); }));
+    EXPECT_EQ(heard, 1);
+
+    windows.takeKeys(cap);  // one of ours is no other program
+    heard = 0;
+    ASSERT_TRUE(hasKeys(idOf(cap)));
+    other.focus(idOf(panel));
+    EXPECT_TRUE(eventually([&] { return panel.isActiveWindow(); }));
+    EXPECT_EQ(heard, 0);
 }
 
 }  // namespace

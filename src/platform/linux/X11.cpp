@@ -5,7 +5,6 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <string_view>
 #include <utility>
 
 namespace noonward {
@@ -44,7 +43,7 @@ xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
 
 }  // namespace
 
-std::unique_ptr<X11> X11::connect() {
+std::unique_ptr<X11> X11::connect(std::optional<bool> insideWayland) {
     const auto* native =
         qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     if (!native || !native->connection()) return nullptr;
@@ -55,7 +54,9 @@ std::unique_ptr<X11> X11::connect() {
     if (xcb_parse_display(nullptr, &name, &display, &number)) std::free(name);
     const xcb_screen_t* screen = screenAt(native->connection(), number);
     if (!screen) return nullptr;
-    return std::unique_ptr<X11>(new X11(native->connection(), screen->root, number));
+    std::unique_ptr<X11> result(new X11(native->connection(), screen->root, number));
+    result->insideWayland_ = insideWayland ? *insideWayland : result->isInsideWayland();
+    return result;
 }
 
 X11::X11(xcb_connection_t* connection, xcb_window_t root, int screen)
@@ -75,7 +76,10 @@ X11::~X11() {
     if (qGuiApp) qGuiApp->removeNativeEventFilter(this);
 }
 
-bool X11::insideWayland() const {
+// Servers of recent years say it by an extension; older ones only by the names of their monitors.
+bool X11::isInsideWayland() const {
+    const auto told = extension("XWAYLAND");
+    if (told && told->present) return true;
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen && screen->name().startsWith(QLatin1String("XWAYLAND"));
 }
@@ -116,11 +120,15 @@ void X11::watchCompositor() {
 
 // Qt has asked the server for these notices: it needs them itself.
 void X11::watchKeymap() {
-    constexpr std::string_view name = "XKEYBOARD";
-    const auto cookie = xcb_query_extension(connection_, name.size(), name.data());
-    const Reply<xcb_query_extension_reply_t> extension(
+    const auto keyboard = extension("XKEYBOARD");
+    if (keyboard && keyboard->present) keyboardEvent_ = keyboard->first_event;
+}
+
+Reply<xcb_query_extension_reply_t> X11::extension(std::string_view name) const {
+    const auto cookie =
+        xcb_query_extension(connection_, static_cast<std::uint16_t>(name.size()), name.data());
+    return Reply<xcb_query_extension_reply_t>(
         xcb_query_extension_reply(connection_, cookie, nullptr));
-    if (extension && extension->present) keyboardEvent_ = extension->first_event;
 }
 
 bool X11::isKeymapChange(const xcb_generic_event_t& event, std::uint8_t type) const {

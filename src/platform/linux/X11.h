@@ -9,7 +9,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/Published.h"
 
@@ -26,8 +28,9 @@ using Reply = std::unique_ptr<T, FreeReply>;
 /// nothing here may take away what Qt has asked the server for.
 class X11 final : private QAbstractNativeEventFilter {
  public:
-    /// Null when the application does not run on an X server.
-    static std::unique_ptr<X11> connect();
+    /// Null when the application does not run on an X server. The server tells by itself whether
+    /// it is inside a Wayland compositor, unless that is given.
+    static std::unique_ptr<X11> connect(std::optional<bool> insideWayland = std::nullopt);
     ~X11() override;
 
     xcb_connection_t* connection() const { return connection_; }
@@ -35,7 +38,7 @@ class X11 final : private QAbstractNativeEventFilter {
 
     /// The server is one that lives inside a Wayland compositor: it knows the pointer and the
     /// keyboard only while they are in X windows.
-    bool insideWayland() const;
+    bool insideWayland() const { return insideWayland_; }
 
     xcb_atom_t atom(const std::string& name);
 
@@ -68,6 +71,8 @@ class X11 final : private QAbstractNativeEventFilter {
  private:
     X11(xcb_connection_t* connection, xcb_window_t root, int screen);
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    Reply<xcb_query_extension_reply_t> extension(std::string_view name) const;
+    bool isInsideWayland() const;
     void selectRootEvents();
     void watchCompositor();
     void watchKeymap();
@@ -75,6 +80,7 @@ class X11 final : private QAbstractNativeEventFilter {
 
     xcb_connection_t* connection_;
     xcb_window_t root_;
+    bool insideWayland_ = false;
     std::string compositorSelection_;
     std::map<std::string, xcb_atom_t> atoms_;
     std::uint32_t rootEvents_ = 0;

@@ -14,6 +14,9 @@ using namespace std::chrono_literals;
 // from whoever was faster.
 constexpr auto compositorsTime = 80ms;
 
+// Some take the keyboard back at once from whoever they did not give it to: no user is so fast.
+constexpr auto usersTime = 250ms;
+
 // Where the focus follows the pointer, it leaves at each window that is crossed.
 constexpr int mostReclaims = 16;
 
@@ -35,7 +38,7 @@ bool isRealMove(const xcb_focus_in_event_t& event) {
 
 }  // namespace
 
-X11Focus::X11Focus(X11& x11, PressesElsewhere& presses) : x11_(x11), presses_(presses) {}
+X11Focus::X11Focus(X11& x11, X11PressesElsewhere& presses) : x11_(x11), presses_(presses) {}
 
 void X11Focus::take(QWidget& window) {
     const xcb_window_t holder = focused();
@@ -43,6 +46,7 @@ void X11Focus::take(QWidget& window) {
     window_ = &window;
     pressed_ = false;
     reclaimsLeft_ = mostReclaims;
+    claimed_.start();
     pressWatch_ = presses_.onPress([this] { pressed_ = true; });
     events_ = x11_.onEvent(
         [this](const xcb_generic_event_t& event, std::uint8_t type) { watch(event, type); });
@@ -70,6 +74,7 @@ void X11Focus::giveBack(QWidget& window) {
 void X11Focus::claim() {
     if (!window_) return;
     awaitsMap_ = false;
+    claimed_.start();
     const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
     const Reply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));
@@ -101,7 +106,7 @@ void X11Focus::watch(const xcb_generic_event_t& event, std::uint8_t type) {
     } else if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) {
         const auto& move = as<xcb_focus_in_event_t>(event);
         if (move.event != idOf(*window_) || !isRealMove(move)) return;
-        later(type == XCB_FOCUS_IN ? &X11Focus::activate : &X11Focus::reclaim);
+        later(type == XCB_FOCUS_IN ? &X11Focus::activate : &X11Focus::lose);
     }
 }
 
@@ -112,12 +117,22 @@ void X11Focus::activate() {
     QApplication::setActiveWindow(window_);
 }
 
-/// The keys have left. If they followed the pointer, which the user moved for other reasons, they
-/// are fetched; if the user pressed or chose something elsewhere, they are not.
-void X11Focus::reclaim() {
-    if (!window_ || pressed_ || reclaimsLeft_ == 0) return;
+/// The keys have left, unless it is for another window of ours. Inside a Wayland compositor nothing
+/// else tells of what the user does elsewhere.
+void X11Focus::lose() {
+    if (!window_ || pressed_) return;
     const xcb_window_t holder = focused();
     if (isWindow(holder) && x11_.isOurs(holder)) return;
+    if (!x11_.insideWayland())
+        reclaim(holder);
+    else if (claimed_.hasExpired(std::chrono::milliseconds(usersTime).count()))
+        presses_.keysLeft();
+}
+
+/// If the keys followed the pointer, which the user moved for other reasons, they are fetched; if
+/// the user pressed or chose something elsewhere, they are not.
+void X11Focus::reclaim(xcb_window_t holder) {
+    if (reclaimsLeft_ == 0) return;
     const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
     const Reply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>
 
-#include "platform/WindowSystem.h"
-#include "platform/linux/X11.h"
+#include "platform/linux/X11PressesElsewhere.h"
 
 namespace noonward {
 
@@ -14,7 +14,7 @@ namespace noonward {
 class X11Focus {
  public:
     /// Both must outlive this object.
-    X11Focus(X11& x11, PressesElsewhere& presses);
+    X11Focus(X11& x11, X11PressesElsewhere& presses);
 
     void take(QWidget& window);
     void giveBack(QWidget& window);
@@ -24,17 +24,19 @@ class X11Focus {
     void claim();
     bool set(xcb_timestamp_t time);
     void activate();
-    void reclaim();
+    void lose();
+    void reclaim(xcb_window_t holder);
     xcb_window_t focused() const;
     xcb_window_t topLevelOf(xcb_window_t window) const;
 
     X11& x11_;
-    PressesElsewhere& presses_;
+    X11PressesElsewhere& presses_;
     QPointer<QWidget> window_;  // who is to have the keys
     xcb_window_t before_ = XCB_WINDOW_NONE;
     bool awaitsMap_ = false;
     bool pressed_ = false;  // elsewhere, since the keys were taken: the user has turned away
     int reclaimsLeft_ = 0;
+    QElapsedTimer claimed_;
     QPoint pointer_;  // where it was at the latest claim, in pixels
     QObject context_;
     Subscription events_;

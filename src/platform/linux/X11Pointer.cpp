@@ -1,6 +1,5 @@
 #include "platform/linux/X11Pointer.h"
 
-#include <QCursor>
 #include <QMetaObject>
 #include <utility>
 
@@ -10,6 +9,7 @@ namespace noonward {
 namespace {
 
 constexpr std::uint8_t alphaDepth = 32;
+constexpr std::uint32_t crossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
 
 const xcb_screen_t* screenOf(const X11& x11) {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(x11.connection()));
@@ -46,15 +46,12 @@ xcb_window_t create(const X11& x11, const QRect& at, std::uint8_t depth, std::ui
 
 X11Pointer::X11Pointer(X11& x11, X11Stack& stack) : x11_(x11), stack_(stack) {
     if (x11_.insideWayland()) presence_ = std::make_unique<PointerPresence>();
-    events_ = x11_.onEvent([this](const xcb_generic_event_t& event, std::uint8_t type) {
-        if (type == XCB_ENTER_NOTIFY && trigger_ != XCB_WINDOW_NONE &&
-            as<xcb_enter_notify_event_t>(event).event == trigger_)
-            enteredZone();
-    });
+    events_ = x11_.onEvent(
+        [this](const xcb_generic_event_t& event, std::uint8_t type) { watch(event, type); });
     compositor_ = x11_.compositorChanges().subscribe([this] {
         if (trigger_ == XCB_WINDOW_NONE) return;
         disarm();
-        arm();
+        if (entered_) arm();
     });
 }
 
@@ -64,25 +61,51 @@ X11Pointer::~X11Pointer() {
 }
 
 std::optional<QPointF> X11Pointer::position() const {
-    if (presence_ && !presence_->inside()) return std::nullopt;
-    return QCursor::pos();
+    const auto at = pixel();
+    return at ? std::optional(toPoints(*at)) : std::nullopt;
+}
+
+bool X11Pointer::isKnown() const {
+    return !presence_ || presence_->inside() || isInTrigger_;
+}
+
+std::optional<QPoint> X11Pointer::pixel() const {
+    if (!isKnown()) return std::nullopt;
+    const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
+    const Reply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));
+    if (!pointer || !pointer->same_screen) return std::nullopt;
+    return QPoint(pointer->root_x, pointer->root_y);
 }
 
 void X11Pointer::waitFor(const QRectF& zone, std::function<void()> entered) {
     stopWaiting();
+    disarm();
     zone_ = zone;
     entered_ = std::move(entered);
     arm();
 }
 
 void X11Pointer::stopWaiting() {
-    disarm();
     ++waits_;
     entered_ = nullptr;
+    if (!isInTrigger_) disarm();
+}
+
+void X11Pointer::watch(const xcb_generic_event_t& event, std::uint8_t type) {
+    if (trigger_ == XCB_WINDOW_NONE || (type != XCB_ENTER_NOTIFY && type != XCB_LEAVE_NOTIFY) ||
+        as<xcb_enter_notify_event_t>(event).event != trigger_)
+        return;
+    isInTrigger_ = presence_ && type == XCB_ENTER_NOTIFY;
+    if (type == XCB_ENTER_NOTIFY) {
+        if (!isInTrigger_) disarm();
+        enteredZone();
+    } else if (!entered_) {
+        disarm();
+    }
 }
 
 void X11Pointer::enteredZone() {
-    disarm();
     const auto call = [this, wait = waits_] {
         if (wait != waits_) return;
         if (const auto entered = std::exchange(entered_, nullptr)) entered();
@@ -93,8 +116,8 @@ void X11Pointer::enteredZone() {
 void X11Pointer::arm() {
     const QRect pixels = toPixels(zone_);
     if (pixels.isEmpty()) return;
-    const auto now = position();
-    if (now && zone_.contains(*now)) return enteredZone();
+    const auto now = pixel();
+    if (now && pixels.contains(*now)) return enteredZone();
     // A compositor does not draw around an InputOnly window, it ignores it; and without one
     // there is no transparency, only black.
     trigger_ = x11_.compositing() ? makeTransparent(pixels) : makeInputOnly(pixels);
@@ -105,6 +128,7 @@ void X11Pointer::arm() {
 }
 
 void X11Pointer::disarm() {
+    isInTrigger_ = false;
     const xcb_window_t window = std::exchange(trigger_, XCB_WINDOW_NONE);
     if (window == XCB_WINDOW_NONE) return;
     stack_.forget(window);
@@ -113,7 +137,7 @@ void X11Pointer::disarm() {
 }
 
 xcb_window_t X11Pointer::makeInputOnly(const QRect& pixels) {
-    const std::uint32_t values[] = {true, XCB_EVENT_MASK_ENTER_WINDOW};
+    const std::uint32_t values[] = {true, crossings};
     return create(x11_, pixels, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
                   XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
 }
@@ -127,8 +151,7 @@ xcb_window_t X11Pointer::makeTransparent(const QRect& pixels) {
                                                      colormap_, x11_.root(), visual));
     }
     const std::uint32_t transparent = 0;
-    const std::uint32_t values[] = {transparent, transparent, true, XCB_EVENT_MASK_ENTER_WINDOW,
-                                    colormap_};
+    const std::uint32_t values[] = {transparent, transparent, true, crossings, colormap_};
     return create(x11_, pixels, alphaDepth, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
                   XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT |
                       XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,

@@ -11,6 +11,10 @@ namespace noonward {
 
 /// The pointer of an X server. It is waited for by a window over the zone that nobody sees and that
 /// is gone as soon as the pointer is in it, so that the press goes to what lies below.
+///
+/// A server inside a Wayland compositor knows the pointer only while it is in an X window. There
+/// the one over the zone stays until the pointer leaves it, or else nothing could tell that the
+/// pointer rests.
 class X11Pointer final : public Pointer {
  public:
     X11Pointer(X11& x11, X11Stack& stack);  ///< both must outlive this object
@@ -24,12 +28,16 @@ class X11Pointer final : public Pointer {
     void arm();
     void disarm();
     void enteredZone();
+    void watch(const xcb_generic_event_t& event, std::uint8_t type);
+    bool isKnown() const;
+    std::optional<QPoint> pixel() const;
     xcb_window_t makeTransparent(const QRect& pixels);
     xcb_window_t makeInputOnly(const QRect& pixels);
 
     X11& x11_;
     X11Stack& stack_;
-    std::unique_ptr<PointerPresence> presence_;  // where the server does not tell itself
+    std::unique_ptr<PointerPresence> presence_;  // only where the server does not tell itself
+    bool isInTrigger_ = false;                   // likewise
     QRectF zone_;
     std::function<void()> entered_;
     std::uint64_t waits_ = 0;  // how many there have been: the number of this one

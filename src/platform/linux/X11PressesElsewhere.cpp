@@ -29,6 +29,10 @@ Subscription X11PressesElsewhere::onPress(std::function<void()> action) {
     });
 }
 
+void X11PressesElsewhere::keysLeft() {
+    if (x11_.insideWayland()) presses_.announce();
+}
+
 void X11PressesElsewhere::select(bool wanted) {
     if (extension_ == 0) return;
     if (wanted) {

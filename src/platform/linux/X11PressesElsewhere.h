@@ -10,12 +10,15 @@ namespace noonward {
 /// Presses as the X server reports them before any window gets them (XInput 2, raw events). The
 /// server is asked for them only while somebody listens.
 ///
-/// A server inside a Wayland compositor reports none of those in Wayland windows. There the panel's
-/// losing the keyboard must stand in for them.
+/// A server inside a Wayland compositor reports none of those in Wayland windows. There a
+/// window's losing the keyboard stands in for them.
 class X11PressesElsewhere final : public PressesElsewhere {
  public:
     explicit X11PressesElsewhere(X11& x11);  ///< which must outlive this object
     [[nodiscard]] Subscription onPress(std::function<void()> action) override;
+
+    /// The keyboard has left for another program: inside a Wayland compositor that is a press.
+    void keysLeft();
 
  private:
     void select(bool wanted);

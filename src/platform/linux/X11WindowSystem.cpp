@@ -25,7 +25,7 @@ std::vector<QRect> inPixels(const QWidget& window, const QRegion& region) {
 
 }  // namespace
 
-X11WindowSystem::X11WindowSystem(X11& x11, X11Stack& stack, PressesElsewhere& presses)
+X11WindowSystem::X11WindowSystem(X11& x11, X11Stack& stack, X11PressesElsewhere& presses)
     : x11_(x11), stack_(stack), focus_(x11, presses) {}
 
 bool X11WindowSystem::compositing() const {

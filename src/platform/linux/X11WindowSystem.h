@@ -11,7 +11,7 @@ namespace noonward {
 class X11WindowSystem final : public WindowSystem {
  public:
     /// All must outlive this object.
-    X11WindowSystem(X11& x11, X11Stack& stack, PressesElsewhere& presses);
+    X11WindowSystem(X11& x11, X11Stack& stack, X11PressesElsewhere& presses);
 
     bool compositing() const override;
     void adopt(QWidget& window, Level level) override;
