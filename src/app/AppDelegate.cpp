@@ -11,6 +11,7 @@
 #include "platform/Appearance.h"
 #include "platform/Keyboard.h"
 #include "platform/MainQueue.h"
+#include "platform/PressesElsewhere.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
 

@@ -2,9 +2,6 @@
 
 #include <QRect>
 #include <QRegion>
-#include <functional>
-
-#include "base/Published.h"
 
 class QWidget;
 
@@ -41,14 +38,6 @@ class WindowSystem {
     virtual void takeKeys(QWidget& window) = 0;
     /// Gives the keyboard back to who had it, if the window still has it; call before hiding.
     virtual void giveKeysBack(QWidget& window) = 0;
-};
-
-/// Presses of a mouse button in other programs.
-class PressesElsewhere {
- public:
-    virtual ~PressesElsewhere() = default;
-    /// Left and right button; presses in any window of this process do not count.
-    [[nodiscard]] virtual Subscription onPress(std::function<void()> action) = 0;
 };
 
 }  // namespace noonward

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-#include "platform/WindowSystem.h"
+#include "platform/PressesElsewhere.h"
 #include "platform/linux/X11.h"
 
 namespace noonward {
