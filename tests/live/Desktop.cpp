@@ -83,8 +83,10 @@ Desktop::Desktop() : server(xServer) {
 
 void Desktop::TearDown() {
     if (!program) return;
-    program->signal(SIGTERM);
-    EXPECT_EQ(exitStatus(), 0);
+    if (!program->status()) {
+        program->signal(SIGTERM);
+        EXPECT_EQ(exitStatus(), 0);
+    }
     EXPECT_EQ(readText(folder / "output"), "");
 }
 
@@ -101,6 +103,13 @@ void Desktop::furnish(Surroundings surroundings) {
             environment());
     see(manager ? "openbox" : "picom",
         [&] { return other.ownerOf(manager ? "WM_S0" : "_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
+    // A window manager lets windows that come while it starts wait for ever.
+    const xcb_window_t scout = other.show({0, 0, 9, 9});
+    see("windows", [&] {
+        other.map(scout);
+        return sight.isViewable(scout);
+    });
+    other.destroy(scout);
 }
 
 std::map<std::string, std::string> Desktop::environment() const {
@@ -253,6 +262,7 @@ void Desktop::miss(const std::string& what) {
     for (const auto& [id, frame] : sight.windows())
         text << " [" << frame.x() << ' ' << frame.y() << ' ' << frame.width() << ' '
              << frame.height() << ']';
+    if (isTrapLaid()) text << " and the wait at the notch";
     throw std::runtime_error(text.str());
 }
 

@@ -53,6 +53,14 @@ class OtherClient {
         return window;
     }
 
+    void map(xcb_window_t window) {
+        xcb_map_window(connection_, window);
+        sync();
+    }
+    void destroy(xcb_window_t window) {
+        xcb_destroy_window(connection_, window);
+        sync();
+    }
     void raise(xcb_window_t window) {
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
@@ -73,6 +81,12 @@ class OtherClient {
     void pressKey(std::uint8_t code) { fake(XCB_KEY_PRESS, code, 0, 0, 2); }
     void releaseKey(std::uint8_t code) { fake(XCB_KEY_RELEASE, code, 0, 0, 2); }
 
+    /// The key comes to this client alone, whoever has the keyboard.
+    void grabKey(xcb_keycode_t code, std::uint16_t modifiers) {
+        xcb_grab_key(connection_, false, root_, modifiers, code, XCB_GRAB_MODE_ASYNC,
+                     XCB_GRAB_MODE_ASYNC);
+        sync();
+    }
     void focus(xcb_window_t window) {
         xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
         sync();

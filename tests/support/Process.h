@@ -54,6 +54,7 @@ class Process {
     [[noreturn]] static void become(std::vector<std::string> words, const Environment& environment,
                                     const std::string& outputs) {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        ::signal(SIGHUP, SIG_DFL);  // tests may be run so that they outlive their terminal
         ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
         const int to = ::open(outputs.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
         ::dup2(to, STDOUT_FILENO);
