@@ -113,13 +113,16 @@ void Desktop::furnish(Surroundings surroundings) {
 }
 
 std::map<std::string, std::string> Desktop::environment() const {
-    return {{"DISPLAY", display},
-            {"DBUS_SESSION_BUS_ADDRESS", bus.address().toStdString()},
-            {"HOME", folder.path()},
-            {"LANG", "C.UTF-8"},
-            {"PATH", "/usr/bin:/bin"},
-            {"TZ", home().zone},
-            {"XDG_DATA_HOME", folder / "data"}};
+    std::map<std::string, std::string> result = announced;
+    result.merge(std::map<std::string, std::string>{
+        {"DISPLAY", display},
+        {"DBUS_SESSION_BUS_ADDRESS", bus.address().toStdString()},
+        {"HOME", folder.path()},
+        {"LANG", "C.UTF-8"},
+        {"PATH", "/usr/bin:/bin"},
+        {"TZ", home().zone},
+        {"XDG_DATA_HOME", folder / "data"}});
+    return result;
 }
 
 void Desktop::launch() {

@@ -41,6 +41,8 @@ class Desktop : public testing::Test {
     void furnish(Surroundings surroundings);
     /// Starts the program and waits until it watches the notch.
     void launch();
+    /// What the programs that it starts find in their environment beside the usual.
+    std::map<std::string, std::string> announced;
     /// Starts it once more.
     std::unique_ptr<Process> launchAnother();
     /// Its exit status; the number of the signal that killed it, negative.

@@ -31,6 +31,10 @@ class ServerProcess {
     /// What it said when it was ready; empty if it could not be started.
     const std::string& line() const { return line_; }
 
+    void signal(int number) const {
+        if (process_) process_->signal(number);
+    }
+
     void stop() { process_.reset(); }
 
  private:
