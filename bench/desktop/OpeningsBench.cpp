@@ -32,6 +32,8 @@ class ImpatientQueue final : public MainQueue {
             works_.pop_front();
             work();
             QCoreApplication::processEvents();
+            // Outside of an event loop nobody else does.
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     }
 
