@@ -148,7 +148,10 @@ int Desktop::exitStatus(Process& process) {
 
 xcb_window_t Desktop::showOther(const QRect& at) {
     const xcb_window_t window = other.show(at, 0x222222);
-    see("the other program's window", [&] { return sight.isViewable(window); });
+    see("the other program's window", [&] {
+        other.map(window);  // a window manager that is still starting may let it wait for ever
+        return sight.isViewable(window);
+    });
     other.focus(window);
     see("the other program with the keyboard", [&] { return sight.focused() == window; });
     return window;
