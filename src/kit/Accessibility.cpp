@@ -33,6 +33,22 @@ QAccessible::Role platformRole(Role role) {
 
 class AccessibleView;
 
+int indexOf(const QAccessibleInterface& parent, const QAccessibleInterface* child) {
+    for (int i = 0; i < parent.childCount(); ++i) {
+        if (parent.child(i) == child) return i;
+    }
+    return -1;
+}
+
+// The one painted last where several lie over each other; null where none does.
+QAccessibleInterface* childUnder(const QAccessibleInterface& parent, int x, int y) {
+    for (int i = parent.childCount() - 1; i >= 0; --i) {
+        QAccessibleInterface* child = parent.child(i);
+        if (child && child->rect().contains(x, y)) return child;
+    }
+    return nullptr;
+}
+
 // One element of a view, known by its identity: it finds itself anew in every tree.
 class AccessibleElement final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
@@ -49,19 +65,9 @@ class AccessibleElement final : public QAccessibleInterface, public QAccessibleA
     }
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override {
-        for (int i = 0; i < childCount(); ++i) {
-            if (this->child(i) == child) return i;
-        }
-        return -1;
+        return indexOf(*this, child);
     }
-    QAccessibleInterface* childAt(int x, int y) const override {
-        for (int i = childCount() - 1; i >= 0; --i) {
-            if (QAccessibleInterface* found = child(i); found && found->rect().contains(x, y)) {
-                return found;
-            }
-        }
-        return nullptr;
-    }
+    QAccessibleInterface* childAt(int x, int y) const override { return childUnder(*this, x, y); }
 
     QString text(QAccessible::Text which) const override {
         const Element* self = element();
@@ -130,6 +136,7 @@ class AccessibleView final : public QAccessibleWidget {
         view_.onRebuilt = [this] { rebuilt(); };
     }
     ~AccessibleView() override {
+        if (object()) view_.onRebuilt = nullptr;  // the view goes on without
         for (const QAccessible::Id interface : std::as_const(interfaces_))
             QAccessible::deleteAccessibleInterface(interface);
     }
@@ -137,19 +144,9 @@ class AccessibleView final : public QAccessibleWidget {
     int childCount() const override { return static_cast<int>(tree().size()); }
     QAccessibleInterface* child(int index) const override { return at(tree(), index); }
     int indexOfChild(const QAccessibleInterface* child) const override {
-        for (int i = 0; i < childCount(); ++i) {
-            if (this->child(i) == child) return i;
-        }
-        return -1;
+        return indexOf(*this, child);
     }
-    QAccessibleInterface* childAt(int x, int y) const override {
-        for (int i = childCount() - 1; i >= 0; --i) {
-            if (QAccessibleInterface* found = child(i); found && found->rect().contains(x, y)) {
-                return found;
-            }
-        }
-        return nullptr;
-    }
+    QAccessibleInterface* childAt(int x, int y) const override { return childUnder(*this, x, y); }
 
     QAccessibleInterface* at(const std::vector<Element>& siblings, int index) const {
         if (index < 0 || index >= static_cast<int>(siblings.size())) return nullptr;
