@@ -10,6 +10,7 @@
 #include "model/Store.h"
 #include "platform/Appearance.h"
 #include "platform/Keyboard.h"
+#include "platform/LoginItem.h"
 #include "platform/MainQueue.h"
 #include "platform/PressesElsewhere.h"
 #include "platform/Screens.h"
@@ -41,7 +42,7 @@ AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
       desktop_(desktop),
       copying_(store, ui, desktop.pasteboard, desktop.queue, [this] { return scheme(); }),
       notchView_(store, ui),
-      panelHost_(store, ui, [this] { copying_.copyInvite(); }),
+      panelHost_(store, ui, desktop.loginItem, [this] { copying_.copyInvite(); }),
       cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
            {.level = WindowSystem::Level::cap, .outlined = true}),
       panel_(desktop.windows,
@@ -76,7 +77,13 @@ AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
     windows_.findNotch();
     panel_.windowHandle()->installEventFilter(this);
     panel_.content().installEventFilter(this);
-    if (!store_.config().welcomed) windows_.welcomeSoon();
+    if (!store_.config().welcomed) firstRun();
+}
+
+// A copy that is only being tried out leaves the login as it is.
+void AppDelegate::firstRun() {
+    if (desktop_.installed) desktop_.loginItem.set(true);
+    windows_.welcomeSoon();
 }
 
 void AppDelegate::wireCallbacks() {

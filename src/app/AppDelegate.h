@@ -34,6 +34,7 @@ class AppDelegate final : public QObject {
     bool mouseMonitor(QEvent& event);
 
     Scheme scheme() const;
+    void firstRun();
     void wireCallbacks();
     void watchModel();
     void watchDesktop();

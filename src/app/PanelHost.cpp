@@ -16,9 +16,11 @@ enum Form : std::uint64_t { welcome, ribbon, settings };  // and one more for ea
 
 }  // namespace
 
-PanelHost::PanelHost(Store& store, NotchUI& ui, std::function<void()> onCopyInvite)
+PanelHost::PanelHost(Store& store, NotchUI& ui, LoginItem& loginItem,
+                     std::function<void()> onCopyInvite)
     : store_(store),
       ui_(ui),
+      loginItem_(loginItem),
       welcome_(store, ui,
                [&store, &ui](bool choosePlaces) {
                    store.markWelcomed();

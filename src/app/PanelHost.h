@@ -10,11 +10,13 @@
 
 namespace noonward {
 
+class LoginItem;
+
 /// What the panel's window shows: the welcome, the settings or the ribbon. It grows down out of the
 /// notch as the panel is shown, and shrinks back into it.
 class PanelHost {
  public:
-    PanelHost(Store& store, NotchUI& ui, std::function<void()> onCopyInvite);
+    PanelHost(Store& store, NotchUI& ui, LoginItem& loginItem, std::function<void()> onCopyInvite);
 
     kit::View body(Scheme scheme, Backing backing) const;
 
@@ -26,6 +28,7 @@ class PanelHost {
 
     Store& store_;
     NotchUI& ui_;
+    LoginItem& loginItem_;
     WelcomeView welcome_;
     mutable std::optional<SettingsView> settings_;  // of the latest showing
     mutable unsigned settingsShowing_ = 0;          // which of them that is

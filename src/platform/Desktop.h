@@ -6,6 +6,7 @@ class Appearance;
 class Feedback;
 class HotKeys;
 class Keyboard;
+class LoginItem;
 class MainQueue;
 class Pasteboard;
 class Pointer;
@@ -30,7 +31,9 @@ struct Desktop {
     Appearance& appearance;
     Pasteboard& pasteboard;
     Feedback& feedback;
+    LoginItem& loginItem;
     Updater* updater = nullptr;  ///< null where none is installed
+    bool installed = false;      ///< the program was started from where it is installed
 };
 
 }  // namespace noonward

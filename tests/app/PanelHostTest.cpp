@@ -5,6 +5,7 @@
 #include "app/Render.h"
 #include "app/ShellWorld.h"
 #include "app/UpdateNotices.h"
+#include "fakes/FakeLoginItem.h"
 #include "fakes/FakeUpdater.h"
 #include "kit/OffScreen.h"
 #include "views/Finding.h"
@@ -28,7 +29,8 @@ struct Hosted : ShellWorld {
     }
 
     int invited = 0;
-    PanelHost host{store, ui, [this] { ++invited; }};
+    FakeLoginItem loginItem;
+    PanelHost host{store, ui, loginItem, [this] { ++invited; }};
 };
 
 TEST(PanelHost, ShowsTheWelcomeThenTheSettingsThenTheRibbon) {

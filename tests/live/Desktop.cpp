@@ -126,13 +126,13 @@ std::map<std::string, std::string> Desktop::environment() const {
 }
 
 void Desktop::launch() {
-    program.emplace(std::vector<std::string>{NOONWARD_PROGRAM}, environment(), folder / "output");
+    program.emplace(std::vector<std::string>{programFile}, environment(), folder / "output");
     see("the program at the notch", [this] { return isTrapLaid() || program->status(); });
     sight.shown();
 }
 
 std::unique_ptr<Process> Desktop::launchAnother() {
-    return std::make_unique<Process>(std::vector<std::string>{NOONWARD_PROGRAM}, environment(),
+    return std::make_unique<Process>(std::vector<std::string>{programFile}, environment(),
                                      folder / "output");
 }
 

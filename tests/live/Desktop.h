@@ -134,6 +134,7 @@ class Desktop : public testing::Test {
     Hand hand{display.c_str()};
     Sight sight{display.c_str()};
     OtherClient other{display.c_str()};
+    std::string programFile = NOONWARD_PROGRAM;
     std::optional<Process> program;
 
  private:

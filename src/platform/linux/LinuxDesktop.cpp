@@ -3,6 +3,7 @@
 #include "platform/ClipboardPasteboard.h"
 #include "platform/EventLoopQueue.h"
 #include "platform/MainLoopTimer.h"
+#include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BusSession.h"
 #include "platform/linux/CanberraFeedback.h"
 #include "platform/linux/PortalAppearance.h"
@@ -37,6 +38,8 @@ struct LinuxDesktop::Services {
     PortalAppearance appearance{bus};
     ClipboardPasteboard pasteboard;
     CanberraFeedback feedback;
+    AutostartLoginItem::Setting login = AutostartLoginItem::ofSession();
+    AutostartLoginItem loginItem{login};
 };
 
 void LinuxDesktop::prepare() {
@@ -67,7 +70,9 @@ Desktop LinuxDesktop::services() {
             .appearance = s.appearance,
             .pasteboard = s.pasteboard,
             .feedback = s.feedback,
-            .updater = nullptr};
+            .loginItem = s.loginItem,
+            .updater = nullptr,
+            .installed = isInstalled(s.login.program)};
 }
 
 }  // namespace noonward
