@@ -183,7 +183,7 @@ constexpr int kills = 50;
 constexpr int kills = 1000;
 #endif
 
-// With nothing to wait for on the disk, as waiting is where nearly all kills would fall.
+// Nothing waits for the disk here, or that is where nearly all kills would fall.
 TEST(InterruptedSaveTest, KillsAtRandomMomentsLoseNothing) {
     using namespace std::chrono;
     ConfigHome home;
@@ -204,6 +204,10 @@ TEST(InterruptedSaveTest, KillsAtRandomMomentsLoseNothing) {
                 *done = number;
             }
         }
+        // Every other one is let finish a save first: else a busy machine, where children start
+        // late, would kill them all before they have done anything.
+        while (*done < start + kill % 2)
+            std::this_thread::yield();
         std::this_thread::sleep_for(perSave * (random() % 1000) / 800);
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
@@ -215,7 +219,6 @@ TEST(InterruptedSaveTest, KillsAtRandomMomentsLoseNothing) {
         ASSERT_LE(number, *done + 1);
         *done = number;
     }
-    EXPECT_GT(*done, 19 + kills / 10);
     EXPECT_EQ(home.names(), std::vector<std::string>{"places.json"});
 }
 

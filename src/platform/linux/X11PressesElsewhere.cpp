@@ -2,8 +2,11 @@
 
 #include <xcb/xinput.h>
 
+#include <QGuiApplication>
 #include <QMetaObject>
 #include <QPointer>
+#include <QRect>
+#include <QWindow>
 #include <memory>
 #include <utility>
 
@@ -12,12 +15,36 @@ namespace {
 
 constexpr std::uint32_t leftButton = 1;
 constexpr std::uint32_t rightButton = 3;
+constexpr int fractionBits = 16;  // of a place in a window
+constexpr const char* noteName = "_NOONWARD_PRESS";
+
+// Whether the window that is told of a press was pressed itself: an open menu is told of those
+// elsewhere as well.
+bool isInside(const xcb_input_button_press_event_t& press) {
+    const QPoint at(press.event_x >> fractionBits, press.event_y >> fractionBits);
+    for (const QWindow* window : QGuiApplication::allWindows()) {
+        if (!window->handle() || window->winId() != press.event) continue;
+        return QRect(QPoint(0, 0), window->size() * window->devicePixelRatio()).contains(at);
+    }
+    return false;
+}
 
 }  // namespace
 
 X11PressesElsewhere::X11PressesElsewhere(X11& x11) : x11_(x11) {
     const auto* extension = xcb_get_extension_data(x11_.connection(), &xcb_input_id);
-    if (extension && extension->present) extension_ = extension->major_opcode;
+    if (!extension || !extension->present) return;
+    extension_ = extension->major_opcode;
+    mailbox_ = xcb_generate_id(x11_.connection());
+    x11_.ignoreError(xcb_create_window_checked(
+        x11_.connection(), XCB_COPY_FROM_PARENT, mailbox_, x11_.root(), 0, 0, 1, 1, 0,
+        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr));
+}
+
+X11PressesElsewhere::~X11PressesElsewhere() {
+    if (mailbox_ == XCB_WINDOW_NONE) return;
+    x11_.ignoreError(xcb_destroy_window_checked(x11_.connection(), mailbox_));
+    xcb_flush(x11_.connection());
 }
 
 Subscription X11PressesElsewhere::onPress(std::function<void()> action) {
@@ -36,13 +63,11 @@ void X11PressesElsewhere::keysLeft() {
 void X11PressesElsewhere::select(bool wanted) {
     if (extension_ == 0) return;
     if (wanted) {
-        events_ = x11_.onEvent([this](const xcb_generic_event_t& event, std::uint8_t type) {
-            if (!isPress(event, type) || !isElsewhere()) return;
-            QMetaObject::invokeMethod(
-                &context_, [this] { presses_.announce(); }, Qt::QueuedConnection);
-        });
+        events_ = x11_.onEvent(
+            [this](const xcb_generic_event_t& event, std::uint8_t type) { watch(event, type); });
     } else {
         events_.reset();
+        open_.clear();
     }
     // Qt selects for all devices or on its own windows: this choice is ours alone.
     const std::uint32_t mask = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
@@ -55,19 +80,46 @@ void X11PressesElsewhere::select(bool wanted) {
     xcb_flush(x11_.connection());
 }
 
-bool X11PressesElsewhere::isPress(const xcb_generic_event_t& event, std::uint8_t type) const {
-    if (type != XCB_GE_GENERIC) return false;
-    const auto& raw = as<xcb_input_raw_button_press_event_t>(event);
-    return raw.extension == extension_ && raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
-           (raw.detail == leftButton || raw.detail == rightButton);
+void X11PressesElsewhere::watch(const xcb_generic_event_t& event, std::uint8_t type) {
+    if (type == XCB_GE_GENERIC) {
+        if (as<xcb_ge_generic_event_t>(event).extension == extension_) watchInput(event);
+    } else if (type == XCB_CLIENT_MESSAGE) {
+        const auto& note = as<xcb_client_message_event_t>(event);
+        if (note.window != mailbox_ || note.type != x11_.atom(noteName)) return;
+        if (open_.empty() || open_.front().time != note.data.data32[0]) return;
+        const bool isOwn = open_.front().isOwn;
+        open_.pop_front();
+        if (isOwn) return;
+        QMetaObject::invokeMethod(
+            &context_, [this] { presses_.announce(); }, Qt::QueuedConnection);
+    }
 }
 
-/// Asked before Qt handles the press, so that a menu that it closes still counts as ours.
-bool X11PressesElsewhere::isElsewhere() const {
-    const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
-    const Reply<xcb_query_pointer_reply_t> pointer(
-        xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));
-    return pointer && (pointer->child == XCB_WINDOW_NONE || !x11_.isOurs(pointer->child));
+void X11PressesElsewhere::watchInput(const xcb_generic_event_t& event) {
+    const auto& raw = as<xcb_input_raw_button_press_event_t>(event);
+    if (raw.event_type == XCB_INPUT_BUTTON_PRESS) {
+        const auto& press = as<xcb_input_button_press_event_t>(event);
+        if (!open_.empty() && open_.back().time == press.time)
+            open_.back().isOwn |= isInside(press);
+    } else if (raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+               (raw.detail == leftButton || raw.detail == rightButton)) {
+        open_.push_back({raw.time, false});
+        sendNote(raw.time);
+    }
+}
+
+// To whoever made the window, which needs no event mask.
+void X11PressesElsewhere::sendNote(xcb_timestamp_t time) {
+    xcb_client_message_event_t note{};
+    note.response_type = XCB_CLIENT_MESSAGE;
+    note.format = 32;
+    note.window = mailbox_;
+    note.type = x11_.atom(noteName);
+    note.data.data32[0] = time;
+    x11_.ignoreError(xcb_send_event_checked(x11_.connection(), false, mailbox_,
+                                            XCB_EVENT_MASK_NO_EVENT,
+                                            reinterpret_cast<const char*>(&note)));
+    xcb_flush(x11_.connection());
 }
 
 }  // namespace noonward
