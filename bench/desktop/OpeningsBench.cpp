@@ -6,12 +6,14 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "LiveServer.h"
 #include "app/AppDelegate.h"
 #include "app/Planner.h"
 #include "platform/MainQueue.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "reference/GazetteerGeocoder.h"
 #include "views/theme/Fonts.h"
 
 namespace noonward::bench {
@@ -70,10 +72,11 @@ int run(int argc, char** argv, int openings) {
     ImpatientQueue queue;
     NoZoneChanges zoneChanges;
     Planner planner(real.timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
-    AppDelegate delegate(planner.store, planner.ui,
+    GazetteerGeocoder geocoder([&queue](auto work) { queue.post(std::move(work)); });
+    AppDelegate delegate(planner.store, planner.ui, geocoder,
                          Desktop{queue, real.timer, real.screens, real.pointer, real.windows,
                                  real.presses, real.keyboard, real.hotKeys, real.session,
-                                 real.appearance, real.pasteboard, real.feedback, nullptr});
+                                 real.appearance, real.pasteboard, real.feedback, real.loginItem});
     queue.run();
     // Caches fill first.
     for (int i = 0; i < openings / 10; ++i)

@@ -36,13 +36,13 @@ QMargins shadowRoom() {
 
 }  // namespace
 
-AppDelegate::AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop)
+AppDelegate::AppDelegate(Store& store, NotchUI& ui, Geocoder& geocoder, const Desktop& desktop)
     : store_(store),
       ui_(ui),
       desktop_(desktop),
       copying_(store, ui, desktop.pasteboard, desktop.queue, [this] { return scheme(); }),
       notchView_(store, ui),
-      panelHost_(store, ui, desktop.loginItem, [this] { copying_.copyInvite(); }),
+      panelHost_(store, ui, geocoder, desktop.loginItem, [this] { copying_.copyInvite(); }),
       cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
            {.level = WindowSystem::Level::cap, .outlined = true}),
       panel_(desktop.windows,

@@ -23,7 +23,7 @@ namespace noonward {
 class AppDelegate final : public QObject {
  public:
     /// Shows nothing yet, except on a first run the welcome a moment later. All must outlive it.
-    AppDelegate(Store& store, NotchUI& ui, const Desktop& desktop);
+    AppDelegate(Store& store, NotchUI& ui, Geocoder& geocoder, const Desktop& desktop);
 
     /// What a click on the notch does: opens the panel on the ribbon, or closes it.
     void togglePanel() { windows_.togglePanel(); }

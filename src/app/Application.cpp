@@ -4,14 +4,17 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 #include "app/AppDelegate.h"
 #include "app/Demonstration.h"
 #include "app/Planner.h"
 #include "app/Snapshot.h"
 #include "platform/HttpsClient.h"
+#include "platform/MainQueue.h"
 #include "platform/Session.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "reference/GazetteerGeocoder.h"
 #include "views/theme/Fonts.h"
 
 namespace noonward {
@@ -74,7 +77,9 @@ int live(char** argv) {
     NoZoneChanges zoneChanges;
     HttpsClient http;
     Planner planner(desktop.timer, zoneChanges, &http, ConfigFile::Access::readWrite);
-    AppDelegate delegate(planner.store, planner.ui, desktop);
+    GazetteerGeocoder geocoder(
+        [&queue = desktop.queue](auto work) { queue.post(std::move(work)); });
+    AppDelegate delegate(planner.store, planner.ui, geocoder, desktop);
     running = &delegate;
     const int status = QApplication::exec();
     running = nullptr;

@@ -16,10 +16,11 @@ enum Form : std::uint64_t { welcome, ribbon, settings };  // and one more for ea
 
 }  // namespace
 
-PanelHost::PanelHost(Store& store, NotchUI& ui, LoginItem& loginItem,
+PanelHost::PanelHost(Store& store, NotchUI& ui, Geocoder& geocoder, LoginItem& loginItem,
                      std::function<void()> onCopyInvite)
     : store_(store),
       ui_(ui),
+      geocoder_(geocoder),
       loginItem_(loginItem),
       welcome_(store, ui,
                [&store, &ui](bool choosePlaces) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "kit/View.h"
+#include "reference/Geocoder.h"
 #include "views/ribbon/RibbonPanel.h"
 #include "views/settings/SettingsView.h"
 #include "views/welcome/WelcomeView.h"
@@ -16,7 +17,9 @@ class LoginItem;
 /// notch as the panel is shown, and shrinks back into it.
 class PanelHost {
  public:
-    PanelHost(Store& store, NotchUI& ui, LoginItem& loginItem, std::function<void()> onCopyInvite);
+    /// The settings find places with `geocoder` and show and set `loginItem`. All must outlive it.
+    PanelHost(Store& store, NotchUI& ui, Geocoder& geocoder, LoginItem& loginItem,
+              std::function<void()> onCopyInvite);
 
     kit::View body(Scheme scheme, Backing backing) const;
 
@@ -28,6 +31,7 @@ class PanelHost {
 
     Store& store_;
     NotchUI& ui_;
+    Geocoder& geocoder_;
     LoginItem& loginItem_;
     WelcomeView welcome_;
     mutable std::optional<SettingsView> settings_;  // of the latest showing

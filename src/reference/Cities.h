@@ -24,4 +24,11 @@ void lookUp(Geocoder& geocoder, const std::string& query,
 std::vector<City> citiesOfPlacemarks(const std::vector<Placemark>& placemarks,
                                      const std::string& query);
 
+/// A city with its region and country, for reading out: "Springfield, Missouri, United States".
+std::string fullName(const City& city);
+
+/// What each row of a list is called: the city's name, and where others of the list have the same
+/// one, what tells them apart: its region for those of one country, else its country.
+std::vector<std::string> rowNames(const std::vector<const City*>& shown);
+
 }  // namespace noonward::Cities

@@ -12,6 +12,7 @@ struct City {
     std::string zone;       ///< "America/Sao_Paulo"
     std::string shortName;  ///< "SAO"
     std::vector<std::string> aliases;
+    std::string region;  ///< "Missouri"; empty but for cities that a geocoder has found
 
     /// Tells rows of a list apart.
     std::string id() const { return name + "|" + zone; }

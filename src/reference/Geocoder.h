@@ -12,7 +12,8 @@ struct Placemark {
     std::optional<std::string> locality;
     std::optional<std::string> name;
     std::optional<std::string> country;
-    std::optional<std::string> zone;  ///< time-zone identifier
+    std::optional<std::string> zone;    ///< time-zone identifier
+    std::optional<std::string> region;  ///< what tells it from its namesakes in the country
 };
 
 /// A service that finds places by name.

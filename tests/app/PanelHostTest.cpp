@@ -5,6 +5,7 @@
 #include "app/Render.h"
 #include "app/ShellWorld.h"
 #include "app/UpdateNotices.h"
+#include "fakes/FakeGeocoder.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeUpdater.h"
 #include "kit/OffScreen.h"
@@ -29,8 +30,9 @@ struct Hosted : ShellWorld {
     }
 
     int invited = 0;
+    FakeGeocoder geocoder;
     FakeLoginItem loginItem;
-    PanelHost host{store, ui, loginItem, [this] { ++invited; }};
+    PanelHost host{store, ui, geocoder, loginItem, [this] { ++invited; }};
 };
 
 TEST(PanelHost, ShowsTheWelcomeThenTheSettingsThenTheRibbon) {

@@ -191,6 +191,28 @@ TEST(CityLookUp, MakesCitiesOfPlacemarks) {
     EXPECT_EQ(Cities::citiesOfPlacemarks(placemarks, " bath"), expected);
 }
 
+TEST(CityNames, TellNamesakesApart) {
+    const City missouri{"Springfield", "United States", "America/Chicago", "SPR", {}, "Missouri"};
+    const City ohio{"Springfield", "United States", "America/New_York", "SPR", {}, "Ohio"};
+    const City australian{"springfield", "Australia", "Australia/Brisbane", "SPR", {}, ""};
+    const City paris{"Paris", "France", "Europe/Paris", "PAR", {}};
+    const City singapore{"Singapore", "Singapore", "Asia/Singapore", "SIN", {}};
+    using Shown = std::vector<const City*>;
+    const std::pair<Shown, Names> rows[] = {
+        {{}, {}},
+        {{&missouri, &paris}, {"Springfield", "Paris"}},
+        {{&missouri, &ohio, &australian, &paris},
+         {"Springfield, Missouri", "Springfield, Ohio", "springfield, Australia", "Paris"}},
+        {{&ohio, &australian}, {"Springfield, United States", "springfield, Australia"}},
+    };
+    for (const auto& [shown, expected] : rows)
+        EXPECT_EQ(Cities::rowNames(shown), expected);
+
+    EXPECT_EQ(Cities::fullName(missouri), "Springfield, Missouri, United States");
+    EXPECT_EQ(Cities::fullName(paris), "Paris, France");
+    EXPECT_EQ(Cities::fullName(singapore), "Singapore");
+}
+
 TEST(CityLookUp, AsksForWhatWasTypedAndNeverFails) {
     test::FakeGeocoder geocoder;
     std::vector<std::vector<City>> answers;
