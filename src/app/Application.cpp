@@ -8,10 +8,12 @@
 
 #include "app/AppDelegate.h"
 #include "app/Demonstration.h"
+#include "app/Notch.h"
 #include "app/Planner.h"
 #include "app/Snapshot.h"
 #include "platform/HttpsClient.h"
 #include "platform/MainQueue.h"
+#include "platform/QtScreens.h"
 #include "platform/Session.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "reference/GazetteerGeocoder.h"
@@ -44,6 +46,15 @@ void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& messag
     std::_Exit(1);
 }
 
+// No monitor is looked at: the notch is as large as where there is no camera.
+void measureNotch(NotchUI& ui) {
+    const QtScreens screens;
+    const auto notch = findNotch(screens.all(), screens.main(), screens.statusBarThickness());
+    if (!notch) return;
+    ui.notchWidth = notch->rect.width();
+    ui.height = notch->rect.height();
+}
+
 int renderPictures(char** argv, const Demonstration& demonstration) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int noArguments = argv[0] ? 1 : 0;
@@ -53,6 +64,7 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
     NoTimer timer;
     NoZoneChanges zoneChanges;
     Planner planner(timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
+    measureNotch(planner.ui);
     takeSnapshots(demonstration, planner.store, planner.ui, planner.zone);
     return 0;
 }

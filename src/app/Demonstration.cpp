@@ -57,6 +57,8 @@ std::optional<Demonstration> Demonstration::from(const Environment& environment)
     if (const auto hide = environment("NOONWARD_HIDE")) result.hide = split(*hide);
     if (const auto format = environment("NOONWARD_FORMAT")) result.format = hourFormat(*format);
     result.light = environment("NOONWARD_LIGHT").has_value();
+    result.query = environment("NOONWARD_QUERY").value_or("");
+    result.edit = number(environment("NOONWARD_EDIT"));
     return result;
 }
 

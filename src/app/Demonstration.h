@@ -25,6 +25,8 @@ struct Demonstration {
     std::vector<std::string> hide;    ///< labels, as written
     std::optional<HourFormat> format;
     bool light = false;
+    std::string query;        ///< what the settings' search field holds
+    std::optional<int> edit;  ///< index of the place whose week is open in the settings
 
     // Where the pictures go; a variable that is not set asks for none.
     std::optional<std::string> ribbon;

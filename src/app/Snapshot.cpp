@@ -8,14 +8,28 @@
 #include "kit/Shapes.h"
 #include "views/notch/NotchView.h"
 #include "views/ribbon/RibbonPanel.h"
+#include "views/settings/SettingsView.h"
+#include "views/welcome/WelcomeView.h"
 
 namespace noonward {
+
+using kit::View;
+
 namespace {
 
 constexpr double notchMargin = 30;
 constexpr kit::Colour behindTheNotch = kit::Colour::rgb(0x3A4A5A);
 
-void write(const std::string& path, const QByteArray& data) {
+View onColour(kit::Colour colour, const View& view) {
+    return view.background(kit::rectangle().fill(colour));
+}
+
+View inMargins(const View& notch) {
+    return notch.padding({.horizontal = notchMargin, .vertical = notchMargin});
+}
+
+void write(const std::string& path, const View& view) {
+    const QByteArray data = render(view);
     if (data.isEmpty()) return;
     std::ofstream(path, std::ios::binary | std::ios::trunc).write(data.data(), data.size());
 }
@@ -74,14 +88,20 @@ void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui
     const Scheme scheme = demonstration.light ? Scheme::light : Scheme::dark;
     if (demonstration.ribbon) {
         const RibbonPanel panel(store, ui, {.solid = true, .demonstration = true});
-        write(*demonstration.ribbon, render(panel.body(scheme)));
+        write(*demonstration.ribbon, panel.body(scheme));
+    }
+    if (demonstration.settings) {
+        const SettingsView settings(store, ui,
+                                    {.query = demonstration.query, .editing = demonstration.edit});
+        write(*demonstration.settings, onColour(Palette::of(scheme).tint, settings.body(scheme)));
+    }
+    if (demonstration.welcome) {
+        const WelcomeView welcome(store, ui, [](bool) {});
+        write(*demonstration.welcome, welcome.body(scheme));
     }
     if (demonstration.notch) {
         write(*demonstration.notch,
-              render(NotchView(store, ui)
-                         .body()
-                         .padding({.horizontal = notchMargin, .vertical = notchMargin})
-                         .background(kit::rectangle().fill(behindTheNotch))));
+              onColour(behindTheNotch, inMargins(NotchView(store, ui).body())));
     }
 }
 

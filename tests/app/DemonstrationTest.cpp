@@ -58,6 +58,8 @@ TEST(Demonstration, ReadsItsVariables) {
                             {"NOONWARD_COL", "+7"},
                             {"NOONWARD_MINUTES", "7h"},
                             {"NOONWARD_FORMAT", "12H"},
+                            {"NOONWARD_QUERY", "são"},
+                            {"NOONWARD_EDIT", "+2"},
                             {"NOONWARD_ROLL", ""}});
     ASSERT_TRUE(read);
     EXPECT_EQ(read->ribbon, "/tmp/a.png");
@@ -68,6 +70,8 @@ TEST(Demonstration, ReadsItsVariables) {
     EXPECT_EQ(read->format, std::nullopt) << "raw values are matched exactly";
     EXPECT_TRUE(read->roll);
     EXPECT_FALSE(read->five);
+    EXPECT_EQ(read->query, "são");
+    EXPECT_EQ(read->edit, 2);
     EXPECT_EQ(from({{"NOONWARD_NOTCH", ""}, {"NOONWARD_TRAVEL", "ask"}})->travel,
               Demonstration::TravelState::ask);
     EXPECT_EQ(from({{"NOONWARD_NOTCH", ""}, {"NOONWARD_TRAVEL", ""}})->travel,

@@ -106,11 +106,56 @@ TEST_F(Snapshot, ReadsTheOlderFileWhereItLies) {
 TEST_F(Snapshot, DrawsTheNotchOpenedOut) {
     EXPECT_EQ(run({{"NOONWARD_NOTCH", picture("notch.png")}, {"NOONWARD_UPDATE", "1.2"}}), 0);
     const QImage image(QString::fromStdString(picture("notch.png")));
-    EXPECT_EQ(image.width() % 2, 0);
-    EXPECT_GT(image.width(), 2 * (198 + 60));
+    // 184 points of notch, two ears and shoulders, as thick as a status bar; 30 points around it.
+    EXPECT_EQ(image.size(), 2 * QSize(184 + 2 * (92 + 7) + 60, 24 + 60));
     EXPECT_EQ(image.pixelColor(10, 10), QColor(0x3A, 0x4A, 0x5A));
     EXPECT_EQ(image.pixelColor(image.width() / 2, 70), QColor(0, 0, 0));
     EXPECT_FALSE(fs::exists(picture("a.png")));
+}
+
+TEST_F(Snapshot, DrawsEachPictureInItsTurn) {
+    const char* const outputs[] = {"NOONWARD_SNAPSHOT", "NOONWARD_SETTINGS", "NOONWARD_WELCOME",
+                                   "NOONWARD_NOTCH"};
+    std::map<std::string, std::string> all;
+    for (const char* output : outputs)
+        all[output] = picture(output);
+    EXPECT_EQ(run(all), 0);
+    std::vector<QSize> sizes;
+    for (const char* output : outputs)
+        sizes.push_back(QImage(QString::fromStdString(picture(output))).size());
+    EXPECT_EQ(sizes[0].width(), 2 * 1196);
+    EXPECT_EQ(sizes[1], 2 * QSize(1196, 6 + 540));
+    EXPECT_EQ(sizes[2].width(), 2 * 620);
+    // Of two that go to one place the later one stays.
+    for (std::size_t i = 1; i < 4; ++i) {
+        EXPECT_EQ(run({{outputs[i - 1], picture("one.png")}, {outputs[i], picture("one.png")}}), 0);
+        EXPECT_EQ(QImage(QString::fromStdString(picture("one.png"))).size(), sizes[i]);
+        EXPECT_NE(sizes[i], sizes[i - 1]);
+    }
+    // One that cannot be written keeps none of the others back.
+    EXPECT_EQ(run({{"NOONWARD_SETTINGS", "/nowhere/at/all.png"},
+                   {"NOONWARD_WELCOME", picture("last.png")}}),
+              0);
+    EXPECT_TRUE(fs::exists(picture("last.png")));
+    EXPECT_EQ(said_, "");
+}
+
+TEST_F(Snapshot, FillsWhatIsBehindTheSettings) {
+    const std::pair<bool, QColor> schemes[] = {{false, {0x08, 0x1E, 0x32}},
+                                               {true, {0xF5, 0xF8, 0xFB}}};
+    for (const auto& [light, colour] : schemes) {
+        std::map<std::string, std::string> variables = {
+            {"NOONWARD_SETTINGS", picture("settings.png")},
+            {"NOONWARD_WELCOME", picture("welcome.png")}};
+        if (light) variables["NOONWARD_LIGHT"] = "";
+        EXPECT_EQ(run(variables), 0);
+        const QImage settings(QString::fromStdString(picture("settings.png")));
+        const QImage welcome(QString::fromStdString(picture("welcome.png")));
+        EXPECT_EQ(settings.pixelColor(settings.rect().bottomLeft()), colour) << "outside a corner";
+        EXPECT_EQ(settings.pixelColor(10, settings.height() / 2), colour);
+        EXPECT_EQ(welcome.pixelColor(welcome.rect().bottomLeft()).alpha(), 0);
+        EXPECT_EQ(welcome.pixelColor(10, welcome.height() / 2), colour);
+    }
 }
 
 TEST_F(Snapshot, QuitsWhateverItIsGiven) {
