@@ -36,13 +36,18 @@ QMargins shadowRoom() {
 
 }  // namespace
 
-AppDelegate::AppDelegate(Store& store, NotchUI& ui, Geocoder& geocoder, const Desktop& desktop)
-    : store_(store),
-      ui_(ui),
+AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& desktop)
+    : store_(planner.store),
+      ui_(planner.ui),
       desktop_(desktop),
-      copying_(store, ui, desktop.pasteboard, desktop.queue, [this] { return scheme(); }),
-      notchView_(store, ui),
-      panelHost_(store, ui, geocoder, desktop.loginItem, [this] { copying_.copyInvite(); }),
+      copying_(store_, ui_, desktop.pasteboard, desktop.queue, [this] { return scheme(); }),
+      notchView_(store_, ui_),
+      panelHost_(store_, ui_,
+                 {.animations = animations_,
+                  .holidays = planner.holidays,
+                  .loginItem = &desktop.loginItem,
+                  .geocoder = &geocoder},
+                 [this] { copying_.copyInvite(); }),
       cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
            {.level = WindowSystem::Level::cap, .outlined = true}),
       panel_(desktop.windows,
@@ -55,20 +60,20 @@ AppDelegate::AppDelegate(Store& store, NotchUI& ui, Geocoder& geocoder, const De
                       backing_ = compositing ? Backing::frosted : Backing::square;
                       panel_.content().invalidate();
                   }}),
-      windows_({cap_, panel_, store, ui, animations_, desktop.queue, desktop.screens,
+      windows_({cap_, panel_, store_, ui_, animations_, desktop.queue, desktop.screens,
                 desktop.pointer, desktop.feedback}),
-      updates_(ui, windows_, desktop.updater),
-      keys_(store, ui, desktop.queue,
+      updates_(ui_, windows_, desktop.updater),
+      keys_(store_, ui_, desktop.queue,
             {.closePanel = [this] { windows_.closePanel(); },
              .layoutPanel = [this] { windows_.layoutPanel(); },
              .copyText = [this] { copying_.copyText(); },
              .copyPicture = [this] { copying_.copyPicture(); },
              .terminate = [this] { terminate(); },
              .caretToEnd = [this] { panel_.content().caretToEnd(); }}),
-      grid_(store, ui),
+      grid_(store_, ui_),
       hotkey_(desktop.hotKeys, keyT, HotKeys::control | HotKeys::option, toggleKey,
               [this] { togglePanel(); }),
-      hover_(windows_, ui, desktop.pointer, desktop.timer) {
+      hover_(windows_, ui_, desktop.pointer, desktop.timer) {
     kit::installAccessibility();
     animations_.setEnabled(desktop_.appearance.animations());
     wireCallbacks();

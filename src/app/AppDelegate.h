@@ -11,6 +11,7 @@
 #include "app/KeyRouting.h"
 #include "app/PanelHost.h"
 #include "app/PanelWindows.h"
+#include "app/Planner.h"
 #include "app/UpdateNotices.h"
 #include "kit/Animation.h"
 #include "platform/Desktop.h"
@@ -23,7 +24,7 @@ namespace noonward {
 class AppDelegate final : public QObject {
  public:
     /// Shows nothing yet, except on a first run the welcome a moment later. All must outlive it.
-    AppDelegate(Store& store, NotchUI& ui, Geocoder& geocoder, const Desktop& desktop);
+    AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& desktop);
 
     /// What a click on the notch does: opens the panel on the ribbon, or closes it.
     void togglePanel() { windows_.togglePanel(); }

@@ -65,7 +65,9 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
     NoZoneChanges zoneChanges;
     Planner planner(timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
     measureNotch(planner.ui);
-    takeSnapshots(demonstration, planner.store, planner.ui, planner.zone);
+    kit::Animations animations;
+    takeSnapshots(demonstration, planner.store, planner.ui, planner.zone,
+                  {.animations = animations, .holidays = planner.holidays});
     return 0;
 }
 
@@ -91,7 +93,7 @@ int live(char** argv) {
     Planner planner(desktop.timer, zoneChanges, &http, ConfigFile::Access::readWrite);
     GazetteerGeocoder geocoder(
         [&queue = desktop.queue](auto work) { queue.post(std::move(work)); });
-    AppDelegate delegate(planner.store, planner.ui, geocoder, desktop);
+    AppDelegate delegate(planner, geocoder, desktop);
     running = &delegate;
     const int status = QApplication::exec();
     running = nullptr;

@@ -16,12 +16,11 @@ enum Form : std::uint64_t { welcome, ribbon, settings };  // and one more for ea
 
 }  // namespace
 
-PanelHost::PanelHost(Store& store, NotchUI& ui, Geocoder& geocoder, LoginItem& loginItem,
+PanelHost::PanelHost(Store& store, NotchUI& ui, const SettingsView::Services& services,
                      std::function<void()> onCopyInvite)
     : store_(store),
       ui_(ui),
-      geocoder_(geocoder),
-      loginItem_(loginItem),
+      services_(services),
       welcome_(store, ui,
                [&store, &ui](bool choosePlaces) {
                    store.markWelcomed();
@@ -31,7 +30,8 @@ PanelHost::PanelHost(Store& store, NotchUI& ui, Geocoder& geocoder, LoginItem& l
       ribbon_(store, ui, {.onCopyInvite = std::move(onCopyInvite)}),
       showings_(whenChanged(
           ui.changes(), [&ui] { return ui.settingsShown() && !ui.welcomeShown(); },
-          [this] { ++showing_; })) {}
+          [this] { ++showing_; })),
+      ribbonWatch_(ribbon_.changes().subscribe([this] { changes_.announce(); })) {}
 
 kit::View PanelHost::body(Scheme scheme, Backing backing) const {
     // What cannot be seen through would leave black around it.
@@ -47,7 +47,8 @@ kit::View PanelHost::content(Scheme scheme, Backing backing) const {
     if (!ui_.settingsShown()) return form(Form::ribbon, ribbon_.body(scheme, backing));
     // Each time it is shown it is a new one, however short it was away.
     if (!settings_ || settingsShowing_ != showing_) {
-        settings_.emplace(store_, ui_, SettingsView::Options{});
+        settings_.emplace(store_, ui_, services_, SettingsView::Options{});
+        settingsWatch_ = settings_->changes().subscribe([this] { changes_.announce(); });
         settingsShowing_ = showing_;
     }
     return form(Form::settings + showing_, settings_->body(scheme, backing));

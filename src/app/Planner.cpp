@@ -16,8 +16,8 @@ Planner::Planner(RepeatingTimer& timer, ZoneChanges& zoneChanges, HttpClient* ht
                  ConfigFile::Access access)
     : paths_(configPaths(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"))),
       configFile_(paths_, access),
-      holidays_(holidayFolder(paths_), clock_, http),
-      store({clock_, zone, configFile_, holidays_, timer, zoneChanges}) {
+      holidays(holidayFolder(paths_), clock_, http),
+      store({clock_, zone, configFile_, holidays, timer, zoneChanges}) {
     ui.version = NOONWARD_VERSION;
 }
 

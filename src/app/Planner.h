@@ -26,9 +26,9 @@ class Planner {
 
  private:
     ConfigFile configFile_;
-    Holidays holidays_;
 
  public:
+    Holidays holidays;
     Store store;
     NotchUI ui;
 };

@@ -77,7 +77,7 @@ void plan(const Demonstration& demonstration, Store& store) {
 }  // namespace
 
 void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui,
-                   const SystemZone& zone) {
+                   const SystemZone& zone, const SettingsView::Services& services) {
     changeConfiguration(demonstration, store, zone);
     ui.updateReady = demonstration.update;
     plan(demonstration, store);
@@ -91,7 +91,7 @@ void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui
         write(*demonstration.ribbon, panel.body(scheme));
     }
     if (demonstration.settings) {
-        const SettingsView settings(store, ui,
+        const SettingsView settings(store, ui, services,
                                     {.query = demonstration.query, .editing = demonstration.edit});
         write(*demonstration.settings, onColour(Palette::of(scheme).tint, settings.body(scheme)));
     }

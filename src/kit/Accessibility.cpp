@@ -96,6 +96,7 @@ class AccessibleElement final : public QAccessibleInterface, public QAccessibleA
 
     QAccessible::Role role() const override {
         const Element* self = element();
+        if (self && self->checked) return QAccessible::CheckBox;
         return self ? platformRole(self->role) : QAccessible::NoRole;
     }
 
@@ -104,6 +105,10 @@ class AccessibleElement final : public QAccessibleInterface, public QAccessibleA
         state.invalid = !isValid();
         state.invisible = !view_ || !view_->isVisible();
         state.readOnly = true;
+        if (const Element* self = element(); self && self->checked) {
+            state.checkable = true;
+            state.checked = *self->checked;
+        }
         return state;
     }
 

@@ -31,7 +31,10 @@ void collectChildren(const Placed& placed, const std::string* tooltip, std::vect
 
 Element button(const Placed& placed, const std::string* tooltip) {
     if (!tooltip) tooltip = tooltipIn(placed);
-    const Description* said = placed.node->accessible();
+    const Placed* named = find(placed, [](const Placed& below) {
+        return below.node->accessible() && below.node->accessible()->role == Role::button;
+    });
+    const Description* said = named ? named->node->accessible() : nullptr;
     Element element{.id = placed.id, .role = Role::button, .rect = placed.rect};
     element.name = said && !said->name.empty() ? said->name : textIn(placed);
     if (tooltip && element.name.empty()) {
@@ -40,6 +43,7 @@ Element button(const Placed& placed, const std::string* tooltip) {
         element.help = *tooltip;
     }
     element.press = placed.node->interaction()->press;
+    element.checked = placed.node->interaction()->checked;
     return element;
 }
 
@@ -70,7 +74,7 @@ void collect(const Placed& placed, const std::string* tooltip, std::vector<Eleme
                     .value = said->value,
                     .rect = placed.rect};
     if (tooltip) element.help = *tooltip;
-    collectChildren(placed, nullptr, element.children);
+    if (said->role != Role::text) collectChildren(placed, nullptr, element.children);
     into.push_back(std::move(element));
 }
 

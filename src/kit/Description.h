@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRectF>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ struct Element {
     std::string help;             ///< what a tooltip adds to the name
     QRectF rect;                  ///< points from the tree's corner
     std::function<void()> press;  ///< null where there is nothing to press
+    std::optional<bool> checked;  ///< of what is switched on and off
     std::vector<Element> children;
 };
 

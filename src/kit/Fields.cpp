@@ -14,7 +14,6 @@ void Fields::sync(const Placed& tree, const QPoint& origin, bool resting) {
     wanted_.clear();
     if (tree.node) collect(tree, tree.bounds);
     removeOthers();
-    QWidget* before = nullptr;
     for (const Wanted& wish : wanted_) {
         const Placed& placed = *wish.field;
         std::unique_ptr<RealField>& field = fields_[placed.id];
@@ -22,19 +21,34 @@ void Fields::sync(const Placed& tree, const QPoint& origin, bool resting) {
         if (isNew) field = makeRealField(placed, host_);
         field->update(placed);
         place(*field, placed.rect, resting ? wish.visible : QRectF(), origin);
-        // The Tab key follows the tree.
-        if (isNew && before) QWidget::setTabOrder(before, &field->widget());
-        before = &field->widget();
         if (!isNew) continue;
         field->widget().show();
         const TextFieldSpec* text = placed.node->textField();
         if (text && text->focusOnAppear) field->widget().setFocus();
     }
+    order();
     wanted_.clear();
 }
 
+// The Tab key follows the tree.
+void Fields::order() {
+    std::vector<Id> now;
+    for (const Wanted& wish : wanted_)
+        now.push_back(wish.field->id);
+    if (now == order_) return;
+    order_ = now;
+    QWidget* before = &host_;
+    for (const Id id : order_) {
+        QWidget* widget = &fields_.at(id)->widget();
+        QWidget::setTabOrder(before, widget);
+        before = widget;
+    }
+}
+
 void Fields::collect(const Placed& placed, const QRectF& visible) {
-    if (placed.node->textField() || placed.node->dateField()) {
+    const Interaction* interaction = placed.node->interaction();
+    if (placed.node->textField() || placed.node->dateField() ||
+        (interaction && interaction->keys != PressKeys::none)) {
         wanted_.push_back({&placed, visible & placed.rect});
         return;
     }
@@ -62,7 +76,7 @@ void Fields::removeOthers() {
 void Fields::place(RealField& field, const QRectF& rect, const QRectF& visible,
                    const QPoint& origin) {
     QWidget& widget = field.widget();
-    const QRect place = rect.toAlignedRect().adjusted(-fieldMargin, 0, fieldMargin, 0);
+    const QRect place = rect.toAlignedRect().marginsAdded(field.margins());
     if (visible.isEmpty()) {
         widget.setGeometry(QRect(QPoint(0, -host_.height() - 1000), place.size()));
         return;
@@ -71,7 +85,8 @@ void Fields::place(RealField& field, const QRectF& rect, const QRectF& visible,
     if (visible == rect) {
         widget.clearMask();
     } else {
-        widget.setMask(visible.toAlignedRect().translated(-place.topLeft()));
+        widget.setMask(
+            visible.toAlignedRect().marginsAdded(field.margins()).translated(-place.topLeft()));
     }
 }
 

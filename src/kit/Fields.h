@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <functional>
 #include <map>
 #include <memory>
@@ -12,19 +13,22 @@ class QWidget;
 
 namespace kit {
 
-/// A field that the user can type into, as a widget.
+/// A field that the user can type into, or a button that keys press, as a widget.
 class RealField {
  public:
     virtual ~RealField() = default;
     virtual QWidget& widget() = 0;
+    /// By how much the widget is larger than its view, points.
+    virtual QMargins margins() const = 0;
     /// Brings it in step with its view. While it has the focus it keeps its own text.
     virtual void update(const Placed& field) = 0;
-    virtual void caretToEnd() = 0;
-    virtual bool holdsKeys() const = 0;
+    virtual void caretToEnd() {}
+    virtual bool holdsKeys() const { return false; }
 };
 
 /// The real text and date fields of a hosted tree, kept by identity: selection, undo, clipboard and
-/// input methods come with them.
+/// input methods come with them. The buttons that keys press are among them: each has a widget that
+/// takes the focus and shows that it has it, while the pointer still meets the tree.
 class Fields {
  public:
     /// Fields become children of `host`, which must outlive this.
@@ -49,6 +53,7 @@ class Fields {
  private:
     void collect(const Placed& placed, const QRectF& visible);
     void removeOthers();
+    void order();
     void place(RealField& field, const QRectF& rect, const QRectF& visible, const QPoint& origin);
 
     struct Wanted {
@@ -59,6 +64,7 @@ class Fields {
     QWidget& host_;
     std::vector<Wanted> wanted_;  // in the order of the tree
     std::map<Id, std::unique_ptr<RealField>> fields_;
+    std::vector<Id> order_;  // of the Tab key
 };
 
 }  // namespace kit

@@ -31,7 +31,8 @@ FirstClickHostingView::FirstClickHostingView(Animations& animations, Environment
       painted_(std::make_shared<Placed>()),
       fields_(*this) {
     setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
+    // A press on a button leaves the focus where it is.
+    setFocusPolicy(Qt::NoFocus);
     clock_.start();
     frames_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&frames_, &QTimer::timeout, this, [this] { present(); });

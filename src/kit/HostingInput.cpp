@@ -1,4 +1,5 @@
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTextDocument>
@@ -29,6 +30,11 @@ bool hasTooltip(const Placed& placed) {
 bool hasMenu(const Placed& placed) {
     const Interaction* interaction = placed.node->interaction();
     return interaction && !interaction->menu.empty();
+}
+
+bool isDefault(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->keys == PressKeys::spaceAndReturn;
 }
 
 // Where a scrolled view is now, and how far it can go, in points.
@@ -70,6 +76,16 @@ QString plain(const std::string& text) {
 }
 
 }  // namespace
+
+// The fields let the Return key through, and so do the buttons.
+void FirstClickHostingView::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const Placed* button =
+        isReturn && !event->isAutoRepeat() ? kit::find(placed(), isDefault) : nullptr;
+    if (!button) return QWidget::keyPressEvent(event);
+    const auto press = button->node->interaction()->press;
+    press();
+}
 
 void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) {

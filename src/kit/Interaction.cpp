@@ -41,10 +41,19 @@ View interactive(const View& child, const char* name, Interaction interaction) {
 
 }  // namespace
 
-View View::button(std::function<void()> press) const {
+View View::button(std::function<void()> press, PressKeys keys) const {
     Interaction interaction;
     interaction.press = std::move(press);
+    interaction.keys = keys;
     return interactive(*this, "button", std::move(interaction));
+}
+
+View View::toggle(bool checked, std::function<void()> press) const {
+    Interaction interaction;
+    interaction.press = std::move(press);
+    interaction.keys = PressKeys::space;
+    interaction.checked = checked;
+    return interactive(*this, checked ? "toggle on" : "toggle off", std::move(interaction));
 }
 
 View View::tooltip(std::string text) const {

@@ -15,9 +15,18 @@ struct MenuItem {
     std::function<void()> choose;
 };
 
+/// Which keys press a button.
+enum class PressKeys {
+    none,
+    space,          ///< once the Tab key has come to it
+    spaceAndReturn  ///< and Return from anywhere in its window
+};
+
 /// What a view answers to. Each modifier sets one of these.
 struct Interaction {
     std::function<void()> press;  ///< a button, or a tap
+    PressKeys keys = PressKeys::none;
+    std::optional<bool> checked;  ///< of what is switched on and off by its press
     std::string tooltip;
     /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.
     std::function<void(std::optional<QPointF>)> hover;
@@ -33,6 +42,7 @@ struct TextFieldSpec {
     std::function<void(std::string)> onEdit;
     std::function<void()> onSubmit;  ///< the Return key
     bool focusOnAppear = false;
+    unsigned focusRequests = 0;  ///< each further one gives it the focus
 };
 
 /// A day the user sets.

@@ -1,12 +1,19 @@
 #include "kit/RealFields.h"
 
 #include <QDateEdit>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
+#include <utility>
 
+#include "kit/Description.h"
 #include "kit/TextField.h"
 
 namespace kit {
 namespace {
+
+// What the widgets keep free at either side of their text, whatever they are told; points.
+constexpr QMargins besideText{2, 0, 2, 0};
 
 QPalette paletteFor(const QWidget& widget, const Environment& environment) {
     QPalette palette = widget.palette();
@@ -42,11 +49,16 @@ class LineField final : public RealField {
 
     QWidget& widget() override { return *edit_; }
 
+    QMargins margins() const override { return besideText; }
+
     void update(const Placed& field) override {
-        wish_ = *field.node->textField();
+        const TextFieldSpec before = std::exchange(wish_, *field.node->textField());
         const QString text = QString::fromStdString(wish_.text);
         // Where edits are stored trimmed, the space before the next word is not in the model yet.
-        if (!edit_->hasFocus() && text != edit_->text().trimmed()) edit_->setText(text);
+        // In the focus it keeps what was typed, unless the model has changed by itself.
+        const bool isTheirs = !edit_->hasFocus() || wish_.text != before.text;
+        if (isTheirs && text != edit_->text().trimmed()) edit_->setText(text);
+        if (wish_.focusRequests > before.focusRequests) edit_->setFocus();
         edit_->setPlaceholderText(QString::fromStdString(wish_.placeholder));
         edit_->setAccessibleName(edit_->placeholderText());
         dress(*edit_, field.environment);
@@ -76,18 +88,76 @@ class DateField final : public RealField {
 
     QWidget& widget() override { return *edit_; }
 
+    QMargins margins() const override { return besideText; }
+
     void update(const Placed& field) override {
         wish_ = *field.node->dateField();
         if (!edit_->hasFocus() && wish_.day != edit_->date()) edit_->setDate(wish_.day);
         dress(*edit_, field.environment);
     }
 
-    void caretToEnd() override {}
-    bool holdsKeys() const override { return false; }
-
  private:
     QDateEdit* edit_;
     DateFieldSpec wish_;
+};
+
+/// Takes the focus for a button of the tree.
+class ButtonKeys final : public QWidget {
+ public:
+    explicit ButtonKeys(QWidget& host) : QWidget(&host) {
+        setFocusPolicy(Qt::TabFocus);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    std::function<void()> press;
+
+ protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Space || event->modifiers() != Qt::NoModifier) {
+            QWidget::keyPressEvent(event);
+            return;
+        }
+        if (event->isAutoRepeat()) return;
+        const auto held = press;  // it may build another tree, without this button
+        held();
+    }
+
+    void focusInEvent(QFocusEvent*) override { update(); }
+    void focusOutEvent(QFocusEvent*) override { update(); }
+
+    // Dark within light is seen on any ground.
+    void paintEvent(QPaintEvent*) override {
+        if (!hasFocus()) return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(Qt::NoBrush);
+        for (const auto& [colour, inset] :
+             {std::pair(Qt::white, 0.75), std::pair(Qt::black, 2.25)}) {
+            painter.setPen(QPen(colour, ringWidth));
+            const QRectF ring = QRectF(rect()).marginsRemoved({inset, inset, inset, inset});
+            painter.drawRoundedRect(ring, ringRadius - inset, ringRadius - inset);
+        }
+    }
+
+ private:
+    static constexpr double ringWidth = 1.5;
+    static constexpr double ringRadius = 9;
+};
+
+class ButtonField final : public RealField {
+ public:
+    explicit ButtonField(QWidget& host) : keys_(new ButtonKeys(host)) {}
+
+    QWidget& widget() override { return *keys_; }
+    QMargins margins() const override { return {3, 3, 3, 3}; }
+
+    void update(const Placed& field) override {
+        keys_->press = field.node->interaction()->press;
+        keys_->setAccessibleName(QString::fromStdString(elements(field).front().name));
+    }
+
+ private:
+    ButtonKeys* keys_;
 };
 
 }  // namespace
@@ -96,7 +166,8 @@ std::unique_ptr<RealField> makeRealField(const Placed& field, QWidget& host) {
     if (const TextFieldSpec* wish = field.node->textField()) {
         return std::make_unique<LineField>(*wish, host);
     }
-    return std::make_unique<DateField>(host);
+    if (field.node->dateField()) return std::make_unique<DateField>(host);
+    return std::make_unique<ButtonField>(host);
 }
 
 }  // namespace kit

@@ -16,6 +16,7 @@ class Node;
 class Shape;
 struct Description;
 struct MenuItem;
+enum class PressKeys;
 
 /// A position in a horizontal gradient mask: 0 is the leading edge, 1 the trailing one.
 struct MaskStop {
@@ -65,7 +66,9 @@ class View {
     View shadow(Colour colour, double radius) const;
 
     // Interaction.
-    View button(std::function<void()> press) const;
+    View button(std::function<void()> press, PressKeys keys = {}) const;
+    /// A button that switches something on or off, or chooses it; the Space key presses it.
+    View toggle(bool checked, std::function<void()> press) const;
     /// A press anywhere on the view, without being a control of its own.
     View onTap(std::function<void()> tap) const;
     /// What a secondary click offers.

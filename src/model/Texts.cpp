@@ -1,6 +1,7 @@
 #include "model/Texts.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdlib>
 #include <string_view>
@@ -24,6 +25,12 @@ int onTwelveHourClock(int hour) {
     return hour % 12 == 0 ? 12 : hour % 12;
 }
 
+// "Tue 4 Mar"; weekdays are 1 = Sunday … 7 = Saturday.
+std::string dateText(int weekday, DayKey day) {
+    return std::string(shortWeekdayName(weekday)) + " " + std::to_string(day.day()) + " " +
+           std::string(months.at(static_cast<std::size_t>(day.month() - 1)));
+}
+
 template <typename LineOf>
 std::string joined(const std::vector<Row>& rows, std::string_view separator, LineOf lineOf) {
     std::string text;
@@ -45,10 +52,16 @@ std::string timeText(Instant at, const Row& row, HourFormat format) {
 
 std::string dateText(Instant at, const Row& row) {
     const LocalTime local = row.cal.local(at);
-    std::string text(shortWeekdayName(local.weekday));
-    text += " " + std::to_string(local.day) + " ";
-    text += months.at(static_cast<std::size_t>(local.month - 1));
-    return text;
+    return dateText(local.weekday, local.dayKey());
+}
+
+std::string dateText(DayKey day) {
+    const std::chrono::year_month_day date{std::chrono::year(day.year()),
+                                           std::chrono::month(static_cast<unsigned>(day.month())),
+                                           std::chrono::day(static_cast<unsigned>(day.day()))};
+    if (!date.ok()) return day.text();
+    const std::chrono::weekday weekday{std::chrono::sys_days(date)};
+    return dateText(static_cast<int>(weekday.c_encoding()) + 1, day);
 }
 
 std::string offsetText(const Row& row, const Row& home, Instant at) {

@@ -17,6 +17,9 @@ std::string timeText(Instant at, const Row& row, HourFormat format);
 /// The local date: "Tue 4 Mar".
 std::string dateText(Instant at, const Row& row);
 
+/// The same for a day without a zone; its key for one that no month has.
+std::string dateText(DayKey day);
+
 /// A row's offset from home: "+5h", "−3:30"; empty when they are equal.
 std::string offsetText(const Row& row, const Row& home, Instant at);
 

@@ -6,6 +6,7 @@
 
 #include "app/Snapshot.h"
 #include "fakes/StoreWorld.h"
+#include "kit/Animation.h"
 
 // What a demonstration makes of the store; the pictures of it have tests of their own.
 
@@ -24,7 +25,9 @@ Config withSanFrancisco() {
 struct Shown {
     explicit Shown(const Demonstration& demonstration)
         : world("Europe/Paris", "2026-03-18 08:30", withSanFrancisco()), store(world.services()) {
-        takeSnapshots(demonstration, store, ui, world.zone);
+        kit::Animations animations;
+        takeSnapshots(demonstration, store, ui, world.zone,
+                      {.animations = animations, .holidays = world.holidays});
     }
 
     std::string proposed() const {

@@ -32,7 +32,13 @@ struct Hosted : ShellWorld {
     int invited = 0;
     FakeGeocoder geocoder;
     FakeLoginItem loginItem;
-    PanelHost host{store, ui, geocoder, loginItem, [this] { ++invited; }};
+    PanelHost host{store,
+                   ui,
+                   {.animations = animations,
+                    .holidays = planner.holidays,
+                    .loginItem = &loginItem,
+                    .geocoder = &geocoder},
+                   [this] { ++invited; }};
 };
 
 TEST(PanelHost, ShowsTheWelcomeThenTheSettingsThenTheRibbon) {

@@ -5,6 +5,7 @@
 #include <QFontInfo>
 
 #include "kit/OffScreen.h"
+#include "kit/Paragraph.h"
 #include "kit/Placed.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
@@ -116,6 +117,45 @@ TEST(Symbols, AreDrawnInTheColourAround) {
         if (colour.alpha() == 255) {
             EXPECT_EQ(colour.rgb() & 0xFFFFFF, 0x3EC5E4U);
         }
+    }
+}
+
+std::vector<std::string> linesOf(const Placed& root) {
+    std::vector<std::string> lines;
+    walk(root, [&](const Placed& placed) {
+        const std::string said = placed.node->description();
+        if (said.starts_with("text ")) lines.push_back(said.substr(6, said.size() - 7));
+    });
+    return lines;
+}
+
+TEST(Paragraph, BreaksWhereTheLanguageDoes) {
+    const Font font = hanken(14);
+    const double height = metrics(font).lineHeight;
+    const auto widthOf = [&](const char* text) { return advance(font, QString::fromUtf8(text)); };
+    struct Case {
+        const char* text;
+        double room;
+        std::vector<std::string> lines;
+    };
+    for (const Case& each : {
+             Case{"one two three", infinite, {"one two three"}},
+             Case{"one two three", widthOf("one two three"), {"one two three"}},
+             Case{"one two three", widthOf("one two three") - 1, {"one two", "three"}},
+             Case{"one two three", widthOf("one two") - 1, {"one", "two", "three"}},
+             Case{"one unbreakable", widthOf("one"), {"one", "unbreakable"}},
+             Case{"24-hour strip", widthOf("24-hour"), {"24-hour", "strip"}},
+             Case{"東京都港区", widthOf("東京都") + 1, {"東京都", "港区"}},
+             Case{"", 100, {""}},
+         }) {
+        const View view = paragraph(each.text).font(font).frame(
+            {.width = each.room == infinite ? std::nullopt : std::optional(each.room)});
+        const Placed placed = layOut(view, environment);
+        EXPECT_EQ(linesOf(placed), each.lines) << each.text;
+        EXPECT_EQ(placed.rect.height(), height * static_cast<double>(each.lines.size()));
+        walk(placed, [&](const Placed& part) {
+            EXPECT_LE(part.rect.right(), placed.rect.right() + 0.02) << each.text;
+        });
     }
 }
 

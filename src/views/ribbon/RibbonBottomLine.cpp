@@ -4,6 +4,7 @@
 #include "kit/Symbol.h"
 #include "kit/Text.h"
 #include "views/ribbon/RibbonControls.h"
+#include "views/theme/Pill.h"
 #include "views/theme/Symbols.h"
 
 namespace noonward {

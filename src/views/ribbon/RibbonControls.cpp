@@ -37,18 +37,6 @@ View dayButton(Store& store, SymbolSource direction, int by, const char* tip) {
 
 }  // namespace
 
-View pill(const Palette& palette, const std::string& title, bool strong,
-          std::function<void()> action) {
-    const Shape shape = strong ? capsule().fill(palette.button)
-                               : capsule().fill(palette.chip).strokeInside(palette.chipBorder, 1);
-    return text(title)
-        .font(hanken(12, Weight::semibold))
-        .colour(strong ? white : palette.text)
-        .padding({.horizontal = 10, .vertical = 4})
-        .background(shape)
-        .button(std::move(action));
-}
-
 View nudge(const Palette& palette, SymbolSource direction, const std::string& title, bool trailing,
            std::function<void()> action) {
     const View picture = symbol(direction);

@@ -8,10 +8,6 @@
 
 namespace noonward {
 
-/// A capsule button, filled when it is the one to press.
-kit::View pill(const Palette& palette, const std::string& title, bool strong,
-               std::function<void()> action);
-
 /// A small button of a symbol and a text; the symbol comes last when `trailing`.
 kit::View nudge(const Palette& palette, kit::SymbolSource symbol, const std::string& title,
                 bool trailing, std::function<void()> action);

@@ -1,12 +1,20 @@
 #include "views/settings/SettingsView.h"
 
+#include <array>
+
+#include "kit/Scroll.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
+#include "kit/Symbol.h"
 #include "kit/Text.h"
-#include "model/Store.h"
 #include "views/NotchUI.h"
+#include "views/settings/CitySearch.h"
+#include "views/settings/PlaceList.h"
+#include "views/settings/SettingsControls.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/Pill.h"
+#include "views/theme/Symbols.h"
 
 namespace noonward {
 
@@ -14,35 +22,143 @@ using namespace kit;
 
 namespace {
 
-View doneButton(const Palette& palette, NotchUI& ui) {
+using State = std::shared_ptr<SettingsState>;
+
+struct Appearance {
+    const char* value;  // as it is stored
+    const char* label;
+    SymbolSource symbol;
+};
+constexpr std::array appearances{
+    Appearance{"system", "Match Mac", Symbols::halfCircle},
+    Appearance{"light", "Light", Symbols::sun},
+    Appearance{"dark", "Dark", Symbols::moon},
+};
+
+View appearanceButton(Store& store, const Palette& palette, const Appearance& choice) {
+    const bool selected = store.config().appearance == choice.value;
+    return hstack({.spacing = 5}, {symbol(choice.symbol), text(choice.label)})
+        .font(hanken(12, selected ? Weight::semibold : Weight::regular))
+        .colour(selected ? white : palette.text)
+        .padding({.horizontal = 12, .vertical = 6})
+        .background(roundedRectangle(8).fill(selected ? palette.button : clear))
+        .toggle(selected, [&store, value = choice.value] { store.setAppearance(value); });
+}
+
+View appearancePicker(Store& store, const Palette& palette) {
+    return hstack({.spacing = 2},
+                  {
+                      forEach(
+                          appearances, [](const Appearance& choice) { return choice.value[0]; },
+                          [&](const Appearance& choice) {
+                              return appearanceButton(store, palette, choice);
+                          }),
+                  })
+        .padding({.horizontal = 3, .vertical = 3})
+        .background(chipGround(palette, 10));
+}
+
+View rollingSwitch(Store& store, const Palette& palette) {
+    return labelledSwitch(palette,
+                          text("Keep now in the middle").font(hanken(12, Weight::semibold)),
+                          store.config().rolling, [&store](bool on) { store.setRolling(on); })
+        .tooltip(
+            "The ribbon shows twelve hours either side of now, and the rows drift as time passes");
+}
+
+View doneButton(NotchUI& ui, const Palette& palette) {
     return text("Done")
         .font(hanken(13, Weight::semibold))
         .colour(white)
         .padding({.horizontal = 16, .vertical = 7})
         .background(roundedRectangle(10).fill(palette.button))
-        .button([&ui] { ui.settingsShown = false; });
+        .button([&ui] { ui.settingsShown = false; }, PressKeys::spaceAndReturn);
+}
+
+View header(const State& state, const Palette& palette) {
+    return hstack({.spacing = 16},
+                  {
+                      text("Places & appearance").font(hanken(22, Weight::semibold)),
+                      appearancePicker(state->store, palette),
+                      rollingSwitch(state->store, palette),
+                      spacer(),
+                      doneButton(state->ui, palette),
+                  });
+}
+
+View places(const State& state, const Palette& palette) {
+    const Font caption = hanken(13, Weight::semibold);
+    const std::string count = std::to_string(state->store.config().places.size()) + " of " +
+                              std::to_string(Store::maxPlaces);
+    const View column = vstack({.align = Horizontal::leading, .spacing = 8},
+                               {
+                                   text("Your places  ·  " + count).font(caption),
+                                   placeList(state, palette),
+                                   text("Add a place").font(caption),
+                                   citySearch(state, palette),
+                               });
+    return scroll(column, state->scrolled(),
+                  [state](double position) { state->scrolled = position; })
+        .frame({.width = 560});
+}
+
+View legend(const Palette& palette) {
+    return hstack({},
+                  {
+                      symbol(Symbols::starFilled).colour(palette.fair),
+                      text("  Two favourites sit beside the notch.     "),
+                      symbol(Symbols::houseFilled).colour(palette.homeTime),
+                      text("  One is home, the clock the rest follow."),
+                  })
+        .font(hanken(12))
+        .colour(palette.mist);
+}
+
+View updatesButton(NotchUI& ui, const Palette& palette) {
+    const bool ready = ui.updateReady().has_value();
+    return pill(
+               palette, ready ? "Update to " + *ui.updateReady() : "Check for updates", ready,
+               [&ui] { ui.onUpdates(); }, PressKeys::space)
+        .tooltip("Check for a new version now (u in the ribbon)");
+}
+
+View program(const State& state, const Palette& palette) {
+    NotchUI& ui = state->ui;
+    return vstack(
+        {.align = Horizontal::leading, .spacing = 14},
+        {
+            legend(palette),
+            labelledSwitch(palette, text("Open at login").font(hanken(12, Weight::semibold)),
+                           state->loginOn(), [state](bool on) { state->setLogin(on); }),
+            text("Noonward " + ui.version).font(hanken(12)).colour(palette.mist),
+            hstack({.spacing = 8},
+                   {
+                       updatesButton(ui, palette),
+                       pill(
+                           palette, "Quit", false, [&ui] { ui.onQuit(); }, PressKeys::space)
+                           .tooltip("Quit Noonward (⌘Q in the ribbon)"),
+                   }),
+        });
 }
 
 }  // namespace
 
-SettingsView::SettingsView(Store& store, NotchUI& ui, Options) : store_(store), ui_(ui) {}
+SettingsView::SettingsView(Store& store, NotchUI& ui, const Services& services,
+                           const Options& options)
+    : state_(std::make_shared<SettingsState>(store, ui, services, changes_, options.query,
+                                             options.editing)) {}
 
 View SettingsView::body(Scheme scheme, Backing backing) const {
     const Palette& palette = Palette::of(scheme);
-    const std::string count =
-        std::to_string(store_.config().places.size()) + " of " + std::to_string(Store::maxPlaces);
+    const View columns =
+        hstack({.align = Vertical::top, .spacing = 28},
+               {
+                   places(state_, palette),
+                   program(state_, palette).frame({.maxWidth = infinite, .alignment = topLeading}),
+               });
     return panelChrome(
         {.palette = palette, .backing = backing},
-        vstack({.align = Horizontal::leading, .spacing = 22},
-               {
-                   hstack({.spacing = 16},
-                          {
-                              text("Places & appearance").font(hanken(22, Weight::semibold)),
-                              spacer(),
-                              doneButton(palette, ui_),
-                          }),
-                   text("Your places  ·  " + count).font(hanken(13, Weight::semibold)),
-               })
+        vstack({.align = Horizontal::leading, .spacing = 22}, {header(state_, palette), columns})
             .padding({.horizontal = Metrics::pad, .top = 30, .bottom = 18})
             .frame({.width = Metrics::panelWidth, .height = 540, .alignment = topLeading}));
 }

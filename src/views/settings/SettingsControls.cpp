@@ -1,0 +1,81 @@
+#include "views/settings/SettingsControls.h"
+
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+#include "kit/Description.h"
+#include "kit/Interaction.h"
+#include "kit/Shapes.h"
+#include "kit/Stacks.h"
+#include "kit/Text.h"
+#include "views/theme/Fonts.h"
+
+namespace noonward {
+
+using namespace kit;
+
+namespace {
+
+View switchPicture(const Palette& palette, bool isOn) {
+    return circle()
+        .fill(white)
+        .frame({.width = 12, .height = 12})
+        .padding({.horizontal = 1.5})
+        .frame({.width = 26, .height = 15, .alignment = isOn ? trailing : leading})
+        .background(capsule().fill(isOn ? palette.button : palette.chipBorder));
+}
+
+std::string clockText(double hours) {
+    const int minutes = static_cast<int>(std::lround(hours * 60));
+    char text[32];
+    std::snprintf(text, sizeof text, "%02d:%02d", minutes / 60, minutes % 60);
+    return text;
+}
+
+View stepButton(const Palette& palette, const char* sign, const std::string& tip,
+                std::function<void()> action) {
+    return text(sign)
+        .font(hanken(14, Weight::semibold))
+        .frame({.width = 26, .height = 26})
+        .background(chipGround(palette, 8))
+        .tooltip(tip)
+        .described({.role = Role::button, .name = tip})
+        .button(std::move(action), PressKeys::space);
+}
+
+}  // namespace
+
+View labelledSwitch(const Palette& palette, View label, bool isOn,
+                    std::function<void(bool)> action) {
+    return hstack({.spacing = 8}, {std::move(label), switchPicture(palette, isOn)})
+        .toggle(isOn, [isOn, action = std::move(action)] { action(!isOn); });
+}
+
+View stepper(const Palette& palette, const std::string& what, double value,
+             std::function<void(double by)> action) {
+    return hstack(
+        {.spacing = 4},
+        {
+            stepButton(palette, "−", what + ": half an hour earlier", [action] { action(-0.5); }),
+            text(clockText(value)).font(hanken(14)).frame({.minWidth = 50}),
+            stepButton(palette, "+", what + ": half an hour later", [action] { action(0.5); }),
+        });
+}
+
+View iconButton(const IconButton& button) {
+    const View picture = symbol(button.symbol)
+                             .font(systemFont(button.size))
+                             .colour(button.tint)
+                             .opacity(button.dimmed ? 0.3 : 1)
+                             .frame({.width = 26, .height = 26})
+                             .tooltip(button.tip);
+    return form(button.enabled ? 1 : 0,
+                button.enabled ? picture.button(button.action, PressKeys::space) : picture);
+}
+
+View chipGround(const Palette& palette, double radius) {
+    return roundedRectangle(radius).fill(palette.chip).strokeInside(palette.chipBorder, 1);
+}
+
+}  // namespace noonward

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "kit/Symbol.h"
+#include "kit/View.h"
+#include "views/theme/Palette.h"
+
+namespace noonward {
+
+/// A switch with its label before it; a press on either turns it.
+kit::View labelledSwitch(const Palette& palette, kit::View label, bool isOn,
+                         std::function<void(bool)> action);
+
+/// A value in hours, "08:30", between two buttons that take half an hour off and put it on. `what`
+/// names it to those who cannot see what stands around.
+kit::View stepper(const Palette& palette, const std::string& what, double value,
+                  std::function<void(double by)> action);
+
+struct IconButton {
+    kit::SymbolSource symbol;
+    kit::Colour tint;
+    double size = 13;  ///< of the symbol's font
+    std::string tip;
+    bool enabled = true;  ///< otherwise it cannot be pressed
+    bool dimmed = false;
+    std::function<void()> action;
+};
+
+/// A symbol in a box of 26 points.
+kit::View iconButton(const IconButton& button);
+
+/// The ground that rows, fields and chips stand on.
+kit::View chipGround(const Palette& palette, double radius);
+
+}  // namespace noonward

@@ -1,0 +1,106 @@
+#include "views/settings/SettingsState.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Unicode.h"
+#include "kit/Animation.h"
+#include "platform/LoginItem.h"
+#include "reference/Cities.h"
+
+namespace noonward {
+namespace {
+
+constexpr std::size_t mostMatches = 7;
+
+QDate dayOf(const Row& row, Instant at) {
+    const DayKey key = row.cal.dayKey(at);
+    return {key.year(), key.month(), key.day()};
+}
+
+}  // namespace
+
+SettingsState::SettingsState(Store& model, NotchUI& notchUI, const Services& used,
+                             Announcer& changes, std::string typed, std::optional<int> editing)
+    : store(model),
+      ui(notchUI),
+      services(used),
+      query(changes, std::move(typed)),
+      newDayOff(changes, dayOf(model.homeRow(), model.now())),
+      remote(changes),
+      lookingUp(changes, false),
+      loginOn(changes, used.loginItem && used.loginItem->enabled()),
+      searchFocus(changes, 0),
+      scrolled(changes, 0),
+      editing_(changes) {
+    if (!editing || *editing < 0) return;
+    const auto index = static_cast<std::size_t>(*editing);
+    if (index < identities().size()) editing_ = identities()[index];
+}
+
+const std::vector<PlaceIdentity>& SettingsState::identities() const {
+    return identities_.follow(store.config().places);
+}
+
+void SettingsState::toggleEditing(PlaceIdentity place) {
+    editing_ = isEditing(place) ? std::nullopt : std::optional(place);
+}
+
+void SettingsState::edit(PlaceIdentity place, const Edit& change) const {
+    const auto& all = identities();
+    const auto found = std::find(all.begin(), all.end(), place);
+    if (found != all.end()) change(store, static_cast<int>(found - all.begin()));
+}
+
+void SettingsState::rearrange(PlaceIdentity place, const Edit& change) const {
+    services.animations.withAnimation(kit::spring(0.3, 0.8), [&] { edit(place, change); });
+}
+
+std::vector<City> SettingsState::matches() const {
+    std::vector<City> found;
+    const auto offer = [&](const City& city) {
+        const auto same = [&](const City& other) { return other.id() == city.id(); };
+        if (found.size() == mostMatches || store.has(city)) return;
+        if (std::none_of(found.begin(), found.end(), same)) found.push_back(city);
+    };
+    for (const City* city : Cities::search(query()))
+        offer(*city);
+    for (const City& city : remote())
+        offer(city);
+    return found;
+}
+
+bool SettingsState::isFull() const {
+    return store.config().places.size() >= static_cast<std::size_t>(Store::maxPlaces);
+}
+
+void SettingsState::add(const City& city) {
+    services.animations.withAnimation(kit::spring(0.3, 0.8), [&] { store.add(city); });
+    ++lookUps_;
+    lookingUp = false;
+    query = std::string();
+    remote = std::vector<City>();
+    if (!isFull()) searchFocus = searchFocus() + 1;
+}
+
+void SettingsState::lookUp() {
+    if (!services.geocoder) return;
+    const unsigned number = ++lookUps_;
+    lookingUp = true;
+    Cities::lookUp(*services.geocoder, query(),
+                   [weak = weak_from_this(), number](std::vector<City> cities) {
+                       const auto self = weak.lock();
+                       if (!self || self->lookUps_ != number) return;
+                       self->remote = std::move(cities);
+                       self->lookingUp = false;
+                   });
+}
+
+void SettingsState::setLogin(bool on) {
+    if (!services.loginItem) return;
+    services.loginItem->set(on);
+    // What the desktop has made of it.
+    loginOn = services.loginItem->enabled();
+}
+
+}  // namespace noonward
