@@ -21,7 +21,8 @@ class Gazetteer {
     /// form, and places of no known area, are passed over.
     Gazetteer(std::string_view places, std::string_view areas) : places_(places), areas_(areas) {}
 
-    /// The one in the program: places of 5,000 people or more, capitals and seats of regions.
+    /// The one in the program: places of 5,000 people or more, capitals, seats of regions, and one
+    /// of each time zone.
     static const Gazetteer& builtIn();
 
     /// At most `most` places whose names begin with a text (see `placeKey`): best

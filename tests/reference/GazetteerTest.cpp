@@ -102,6 +102,8 @@ TEST(Gazetteer, FindsWhatAPersonMeans) {
         {"Pensacola", "Pensacola|Florida|United States|America/Chicago"},
         {"Broken Hill", "Broken Hill|New South Wales|Australia|Australia/Broken_Hill"},
         {"Kaliningrad", "Kaliningrad||Russia|Europe/Kaliningrad"},
+        {"Nicosia, Cyprus", "Nicosia||Cyprus|Asia/Nicosia"},
+        {"Hanga Roa", "Hanga Roa|Valparaíso|Chile|Pacific/Easter"},  // small, but alone there
         {"Ponta Delgada", "Ponta Delgada||Portugal|Atlantic/Azores"},
         // With what tells them apart
         {"Springfield, MA", "Springfield|Massachusetts|United States|America/New_York"},

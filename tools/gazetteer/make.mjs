@@ -15,6 +15,7 @@
 //     name to show, area
 //     area, country, region, the region's short name, zone
 
+import { createHash } from 'node:crypto';
 import fs from 'node:fs';
 import path from 'node:path';
 import { createRequire } from 'node:module';
@@ -32,6 +33,8 @@ const TWO_LETTERS = { // where letters with two dots or a ring are also written 
   'AT CH DE LI LU': { ä: 'ae', ö: 'oe', ü: 'ue' },
   'DK EE FI IS NO SE': { ä: 'ae', å: 'aa', ö: 'oe', ø: 'oe' },
 };
+
+const ZONES = { 'Nicosia|CY': 'Asia/Nicosia' }; // where tz-lookup takes a neighbouring one
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const require = createRequire(path.resolve(process.argv[2], 'node_modules', 'x'));
@@ -73,6 +76,7 @@ function distance(a, b) {
 // counts whose zone is one of the country.
 function giveZones(places) {
   for (const place of places) place.zone = zoneAt(place.loc.coordinates[1], place.loc.coordinates[0]);
+  for (const place of places) place.zone = ZONES[`${place.name}|${place.country}`] ?? place.zone;
   const isRight = place => (zonesOf.get(place.country) ?? [place.zone]).includes(place.zone);
   const wrong = places.filter(place => !isRight(place));
   for (const place of wrong) {
@@ -90,6 +94,18 @@ function giveZones(places) {
   return places.filter(place => knownZones.has(place.zone));
 }
 
+// For each zone in which no place is, the largest of the others.
+function largestOfZonesWithout(places, others) {
+  const zones = new Set(places.map(place => place.zone));
+  const largest = new Map();
+  for (const place of others) {
+    const zone = zoneAt(place.loc.coordinates[1], place.loc.coordinates[0]);
+    if (zones.has(zone) || !zonesOf.get(place.country)?.includes(zone)) continue;
+    if (!(largest.get(zone)?.population > place.population)) largest.set(zone, { ...place, zone });
+  }
+  return [...largest.values()];
+}
+
 // The region's own name where it is known, else its seat.
 function giveRegions(places) {
   const names = new Map(rows(path.join(here, 'regions.txt'), '|').map(
@@ -105,14 +121,19 @@ function giveRegions(places) {
   }
 }
 
-// What places have in common: numbered, the numbers as long as each other, so that they are sorted.
+// What places have in common, numbered by what it is: a new area changes no other line.
 function giveAreas(places) {
   const areaOf = place => [place.country, place.region.name, place.region.short, place.zone].join('\t');
-  const areas = [...new Set(places.map(areaOf))].sort();
-  const numbers = new Map(areas.map((area, i) => [area, (36 ** 2 + i).toString(36)]));
-  if (areas.length > 36 ** 3 - 36 ** 2) throw new Error('more areas than three letters tell apart');
+  const numbers = new Map();
+  const taken = new Set();
+  for (const area of [...new Set(places.map(areaOf))].sort()) {
+    let number = createHash('sha256').update(area).digest().readUInt32BE() % 36 ** 4;
+    while (taken.has(number)) number = (number + 1) % 36 ** 4;
+    taken.add(number);
+    numbers.set(area, number.toString(36).padStart(4, '0'));
+  }
   for (const place of places) place.area = numbers.get(areaOf(place));
-  return areas.map(area => `${numbers.get(area)}\t${area}`);
+  return [...numbers].map(([area, number]) => `${number}\t${area}`);
 }
 
 function otherNames(places) {
@@ -169,9 +190,10 @@ function writeSorted(name, lines) {
   fs.writeFileSync(path.join(process.argv[3], name), Buffer.concat(sorted));
 }
 
-const wanted = allPlaces.filter(place => !GONE.has(place.featureCode) && place.name &&
-    (place.population >= LEAST_POPULATION || SEATS.has(place.featureCode)));
-const places = giveZones(wanted);
+const there = allPlaces.filter(place => !GONE.has(place.featureCode) && place.name);
+const isLarge = place => place.population >= LEAST_POPULATION || SEATS.has(place.featureCode);
+const large = giveZones(there.filter(isLarge));
+const places = [...large, ...largestOfZonesWithout(large, there.filter(place => !isLarge(place)))];
 giveRegions(places);
 otherNames(places);
 const areas = giveAreas(places);
