@@ -94,6 +94,7 @@ TEST(KeyRouting, FollowsTheTable) {
         {Shown::welcome, key(Key::escape), "close"},
         {Shown::welcome, command(typed("w")), "passes"},
         {Shown::welcome, typed("7"), "passes"},
+        {Shown::welcome, typed("\r"), "passes"},
         {Shown::typing, key(Key::escape), "moved 60, typing no"},
         {Shown::typing, typed("7"), "passes"},
         {Shown::typing, typed("c"), "passes"},

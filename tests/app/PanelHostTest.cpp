@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QKeyEvent>
+
 #include "app/Render.h"
 #include "app/ShellWorld.h"
 #include "app/UpdateNotices.h"
 #include "fakes/FakeGeocoder.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakeUpdater.h"
+#include "kit/FirstClickHostingView.h"
 #include "kit/OffScreen.h"
 #include "views/Finding.h"
 #include "views/notch/NotchView.h"
@@ -58,6 +62,31 @@ TEST(PanelHost, ShowsTheWelcomeThenTheSettingsThenTheRibbon) {
     EXPECT_TRUE(world.says("Fairest hour"));
     world.press("Copy for email");
     EXPECT_EQ(world.invited, 1);
+}
+
+TEST(PanelHost, TheWelcomeIsSeenOnceItIsLeft) {
+    struct Way {
+        const char* button;  // none: the Return key
+        bool choosesPlaces;
+    };
+    for (const auto& [button, choosesPlaces] :
+         {Way{"Got it", false}, {"Choose my places", true}, {nullptr, false}}) {
+        Hosted world;
+        world.ui.welcomeShown = true;
+        EXPECT_FALSE(world.planner.saved().welcomed);
+        if (button) {
+            world.press(button);
+        } else {
+            kit::FirstClickHostingView window(world.animations, rootEnvironment(), [&] {
+                return world.host.body(Scheme::dark, Backing::opaque);
+            });
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+            QApplication::sendEvent(&window, &key);
+        }
+        EXPECT_FALSE(world.ui.welcomeShown());
+        EXPECT_EQ(world.ui.settingsShown(), choosesPlaces);
+        EXPECT_TRUE(world.planner.saved().welcomed);
+    }
 }
 
 TEST(PanelHost, EachContentHasAnIdentityOfItsOwn) {

@@ -32,8 +32,10 @@ inline constexpr SymbolSource moon{":/noonward/symbols/moon.svg"};
 inline constexpr SymbolSource moonFilled{":/noonward/symbols/moon-fill.svg"};
 inline constexpr SymbolSource people{":/noonward/symbols/users-three-fill.svg"};
 inline constexpr SymbolSource plusInCircle{":/noonward/symbols/plus-circle-fill.svg"};
+inline constexpr SymbolSource pointer{":/noonward/symbols/cursor-click.svg"};
 inline constexpr SymbolSource star{":/noonward/symbols/star.svg"};
 inline constexpr SymbolSource starFilled{":/noonward/symbols/star-fill.svg"};
+inline constexpr SymbolSource strips{":/noonward/symbols/rows.svg"};
 inline constexpr SymbolSource sun{":/noonward/symbols/sun.svg"};
 inline constexpr SymbolSource update{":/noonward/symbols/arrow-circle-down-fill.svg"};
 
