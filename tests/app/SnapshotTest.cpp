@@ -158,6 +158,32 @@ TEST_F(Snapshot, FillsWhatIsBehindTheSettings) {
     }
 }
 
+TEST_F(Snapshot, ShowsTheSettingsAsTheyAreAskedFor) {
+    writeText(config(), twoPlaces);
+    const auto draw = [&](const std::map<std::string, std::string>& variables) {
+        std::map<std::string, std::string> all = variables;
+        all["NOONWARD_SETTINGS"] = picture("settings.png");
+        all["TZ"] = "Asia/Tokyo";
+        EXPECT_EQ(run(all), 0);
+        return QImage(QString::fromStdString(picture("settings.png")));
+    };
+    // The clocks in it may go on from one picture to the next: what differs must be more than that.
+    const auto differs = [&](const QImage& a, const QImage& b) {
+        long pixels = 0;
+        for (int y = 0; y < a.height(); ++y) {
+            for (int x = 0; x < a.width(); ++x)
+                pixels += a.pixel(x, y) != b.pixel(x, y);
+        }
+        return pixels > 10'000;
+    };
+    const QImage plain = draw({});
+    EXPECT_TRUE(differs(plain, draw({{"NOONWARD_EDIT", "1"}})));
+    EXPECT_TRUE(differs(plain, draw({{"NOONWARD_QUERY", "united"}})));
+    for (const char* nobody : {"3", "-1", "1x", "", "99999999999"})
+        EXPECT_FALSE(differs(plain, draw({{"NOONWARD_EDIT", nobody}}))) << nobody;
+    EXPECT_EQ(said_, "");
+}
+
 TEST_F(Snapshot, QuitsWhateverItIsGiven) {
     EXPECT_EQ(run({{"NOONWARD_WELCOME", ""}}), 0);
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", ""}}), 0);
