@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "kit/Animation.h"
 #include "kit/Fields.h"
@@ -86,6 +87,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
     void showFocusedField();
+    void showAppeared();
     void hoverAt(const std::optional<QPointF>& point);
     void popUp(const std::vector<MenuItem>& items, const QPoint& at);
 
@@ -104,6 +106,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     std::optional<QPointF> pointer_;
     std::optional<Id> focusedField_;
     std::map<Id, Hover> hovered_;
+    std::set<Id> revealed_;
 };
 
 }  // namespace kit

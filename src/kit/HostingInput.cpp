@@ -69,6 +69,16 @@ std::vector<const Placed*> pathTo(const Placed& root, Id id) {
     return {};
 }
 
+// Where not all of it can be seen, its beginning is.
+void scrollIntoSight(const std::vector<const Placed*>& path, const QRectF& rect) {
+    for (const Placed* outer : path) {
+        if (!scrolls(*outer)) continue;
+        const double down = std::max(0.0, rect.bottom() - outer->rect.bottom());
+        const double most = rect.top() - outer->rect.top();  // that keeps its top in sight
+        scrollTo(*outer, position(*outer) + std::min(down, most));
+    }
+}
+
 // Names are the user's: none is to be taken for markup.
 QString plain(const std::string& text) {
     const QString line = QString::fromStdString(text);
@@ -133,13 +143,24 @@ void FirstClickHostingView::showFocusedField() {
     const std::optional<Id> focused = fields_.focused();
     if (focused == std::exchange(focusedField_, focused) || !focused) return;
     const auto path = pathTo(presentation_.target(), *focused);
-    for (const Placed* outer : path) {
-        if (!scrolls(*outer)) continue;
-        const QRectF field = path.back()->rect;
-        const double down = std::max(0.0, field.bottom() - outer->rect.bottom());
-        const double up = std::max(0.0, outer->rect.top() - field.top());
-        scrollTo(*outer, position(*outer) + down - up);
-    }
+    if (!path.empty()) scrollIntoSight(path, path.back()->rect);
+}
+
+// What has appeared together is shown together.
+void FirstClickHostingView::showAppeared() {
+    std::set<Id> now;
+    std::optional<Id> first;
+    QRectF appeared;
+    walk(presentation_.target(), [&](const Placed& placed) {
+        const Interaction* interaction = placed.node->interaction();
+        if (!interaction || !interaction->revealed) return;
+        now.insert(placed.id);
+        if (revealed_.contains(placed.id)) return;
+        if (!first) first = placed.id;
+        appeared |= placed.rect;
+    });
+    revealed_ = std::move(now);
+    if (first) scrollIntoSight(pathTo(presentation_.target(), *first), appeared);
 }
 
 void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {

@@ -62,6 +62,12 @@ View View::tooltip(std::string text) const {
     return interactive(*this, "tooltip", std::move(interaction));
 }
 
+View View::revealed() const {
+    Interaction interaction;
+    interaction.revealed = true;
+    return interactive(*this, "revealed", std::move(interaction));
+}
+
 View View::onHover(std::function<void(std::optional<QPointF>)> hover) const {
     Interaction interaction;
     interaction.hover = std::move(hover);

@@ -74,6 +74,8 @@ class View {
     /// What a secondary click offers.
     View contextMenu(std::vector<MenuItem> items) const;
     View tooltip(std::string text) const;
+    /// Scrolls itself into sight when it appears.
+    View revealed() const;
     View onHover(std::function<void(std::optional<QPointF>)> hover) const;
 
     /// What it is to those who cannot see it, and all that is inside of it with it.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Unicode.h"
+#include "kit/Paragraph.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -103,11 +104,12 @@ View results(const State& state, const Palette& palette) {
     std::vector<std::pair<std::uint64_t, View>> rows;
     for (std::size_t i = 0; i < cities.size(); ++i)
         rows.emplace_back(std::hash<std::string>()(cities[i].id() + cities[i].region),
-                          result(state, palette, cities[i], names[i]));
+                          result(state, palette, cities[i], names[i]).revealed());
     return vstack({.align = Horizontal::leading, .spacing = 6},
                   {
                       group(std::move(rows)),
-                      when(offersLookUp(state->query()), [&] { return lookUpRow(state, palette); }),
+                      when(offersLookUp(state->query()),
+                           [&] { return lookUpRow(state, palette).revealed(); }),
                   });
 }
 
@@ -115,8 +117,8 @@ View results(const State& state, const Palette& palette) {
 
 View citySearch(const State& state, const Palette& palette) {
     if (state->isFull()) {
-        return form(0, text("Six places is the most the ribbon shows comfortably. Remove one with "
-                            "− to make room for another.")
+        return form(0, paragraph("Six places is the most the ribbon shows comfortably. Remove one "
+                                 "with − to make room for another.")
                            .font(hanken(13))
                            .padding({.horizontal = 14, .vertical = 14})
                            .frame({.maxWidth = infinite, .alignment = leading})

@@ -187,12 +187,14 @@ View placeList(const std::shared_ptr<SettingsState>& state, const Palette& palet
         [&](const Row& row) {
             const Entry entry{state,  palette, identities[static_cast<std::size_t>(row.id)],
                               row.id, row,     state->store.isHome(row.id)};
-            return vstack({.align = Horizontal::leading, .spacing = 8},
-                          {
-                              placeRow(entry),
-                              when(state->isEditing(entry.identity),
-                                   [&] { return weekEditor(state, palette, entry.identity, row); }),
-                          });
+            return vstack(
+                {.align = Horizontal::leading, .spacing = 8},
+                {
+                    placeRow(entry),
+                    when(
+                        state->isEditing(entry.identity),
+                        [&] { return weekEditor(state, palette, entry.identity, row).revealed(); }),
+                });
         });
 }
 
