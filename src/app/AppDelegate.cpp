@@ -9,6 +9,7 @@
 #include "kit/Accessibility.h"
 #include "model/Store.h"
 #include "platform/Appearance.h"
+#include "platform/ClockChanges.h"
 #include "platform/Keyboard.h"
 #include "platform/LoginItem.h"
 #include "platform/MainQueue.h"
@@ -141,6 +142,7 @@ void AppDelegate::watchDesktop() {
         windows_.findNotch();
         redraw();
     }));
+    watches_.push_back(desktop_.clockChanges.onChange([this] { store_.refreshNow(); }));
     watches_.push_back(desktop_.appearance.onChange([this] {
         animations_.setEnabled(desktop_.appearance.animations());
         redraw();

@@ -88,9 +88,8 @@ int live(char** argv) {
     if (desktop.session.claim(comeForward) == Session::Claim::another) return 0;
 
     registerFonts();
-    NoZoneChanges zoneChanges;
     HttpsClient http;
-    Planner planner(desktop.timer, zoneChanges, &http, ConfigFile::Access::readWrite);
+    Planner planner(desktop.timer, desktop.zoneChanges, &http, ConfigFile::Access::readWrite);
     GazetteerGeocoder geocoder(
         [&queue = desktop.queue](auto work) { queue.post(std::move(work)); });
     AppDelegate delegate(planner, geocoder, desktop);

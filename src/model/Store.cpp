@@ -61,7 +61,7 @@ Store::Store(Services services)
     format = hourFormat(unicode::lowercased(config().hourFormat)).value_or(HourFormat::h24);
     holidayWatch_ = services_.holidays.changes().subscribe([this] { changes_.announce(); });
     fetchHolidays();
-    ticks_ = services_.timer.every(tick, [this] { now_ = services_.clock.now(); });
+    ticks_ = services_.timer.every(tick, [this] { refreshNow(); });
     zoneWatch_ = services_.zoneChanges.subscribe([this] {
         services_.zone.resetSystemTimeZone();
         reload();
@@ -194,6 +194,10 @@ void Store::show(Instant at) {
     dayOffset_ = dayOffsetShowing(stripPlace(home()), at);
     proposal_ = at;
     hoverCol = std::nullopt;
+}
+
+void Store::refreshNow() {
+    now_ = services_.clock.now();
 }
 
 void Store::backToNow() {

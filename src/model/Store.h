@@ -101,6 +101,7 @@ class Store {
     Instant focus() const;  ///< what the texts describe: the proposal, the hovered hour, or now
     void changeDay(int by);
     void show(Instant at);  ///< goes to its day and proposes it
+    void refreshNow();      ///< reads the clock before it is due: it may have been set
     void backToNow();       ///< today, nothing proposed, hovered or typed
 
     Phase phase(const Row& row, Instant at, bool mid) const;

@@ -36,7 +36,7 @@ void Store::showWithoutSaving(const Config& config) {
 
 void Store::reload() {
     publish(services_.configFile.load(services_.zone.current()));
-    now_ = services_.clock.now();
+    refreshNow();
     if (config().travel && !away()) change([](Config& edited) { edited.travel.reset(); });
     fetchHolidays();
 }

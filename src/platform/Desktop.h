@@ -3,6 +3,7 @@
 namespace noonward {
 
 class Appearance;
+class ClockChanges;
 class Feedback;
 class HotKeys;
 class Keyboard;
@@ -16,6 +17,7 @@ class Screens;
 class Session;
 class Updater;
 class WindowSystem;
+class ZoneChanges;
 
 /// The services of the desktop that the program runs on.
 struct Desktop {
@@ -32,6 +34,8 @@ struct Desktop {
     Pasteboard& pasteboard;
     Feedback& feedback;
     LoginItem& loginItem;
+    ZoneChanges& zoneChanges;
+    ClockChanges& clockChanges;
     Updater* updater = nullptr;  ///< null where none is installed
     bool installed = false;      ///< the program was started from where it is installed
 };

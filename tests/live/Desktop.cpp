@@ -117,6 +117,7 @@ std::map<std::string, std::string> Desktop::environment() const {
     result.merge(std::map<std::string, std::string>{
         {"DISPLAY", display},
         {"DBUS_SESSION_BUS_ADDRESS", bus.address().toStdString()},
+        {"DBUS_SYSTEM_BUS_ADDRESS", bus.address().toStdString()},
         {"HOME", folder.path()},
         {"LANG", "C.UTF-8"},
         {"PATH", "/usr/bin:/bin"},

@@ -6,6 +6,7 @@
 #include "platform/linux/AutostartLoginItem.h"
 #include "platform/linux/BusSession.h"
 #include "platform/linux/CanberraFeedback.h"
+#include "platform/linux/ClockWatch.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/SessionBus.h"
 #include "platform/linux/X11.h"
@@ -16,6 +17,7 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11Stack.h"
 #include "platform/linux/X11WindowSystem.h"
+#include "platform/linux/ZoneWatch.h"
 
 namespace noonward {
 
@@ -40,6 +42,9 @@ struct LinuxDesktop::Services {
     CanberraFeedback feedback;
     AutostartLoginItem::Setting login = AutostartLoginItem::ofSession();
     AutostartLoginItem loginItem{login};
+    SystemBus systemBus;
+    ZoneWatch zoneChanges{systemBus};
+    ClockWatch clockChanges{systemBus};
 };
 
 void LinuxDesktop::prepare() {
@@ -71,6 +76,8 @@ Desktop LinuxDesktop::services() {
             .pasteboard = s.pasteboard,
             .feedback = s.feedback,
             .loginItem = s.loginItem,
+            .zoneChanges = s.zoneChanges,
+            .clockChanges = s.clockChanges,
             .updater = nullptr,
             .installed = isInstalled(s.login.program)};
 }

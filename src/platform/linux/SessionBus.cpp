@@ -18,28 +18,32 @@ QString nextName() {
     return QStringLiteral("noonward-%1").arg(++count);
 }
 
-QDBusConnection open(const QString& address) {
-    if (!address.isEmpty()) return QDBusConnection::connectToBus(address, nextName());
-    if (isAnnounced()) return QDBusConnection::sessionBus();
-    return QDBusConnection(QString());
+QDBusConnection session() {
+    return isAnnounced() ? QDBusConnection::sessionBus() : QDBusConnection(QString());
 }
 
 }  // namespace
 
-SessionBus::SessionBus(const QString& address)
-    : connection_(open(address)), isOwn_(!address.isEmpty()) {}
+MessageBus::MessageBus(const QString& address, QDBusConnection (*shared)())
+    : connection_(address.isEmpty() ? shared()
+                                    : QDBusConnection::connectToBus(address, nextName())),
+      isOwn_(!address.isEmpty()) {}
+
+MessageBus::~MessageBus() {
+    if (isOwn_) QDBusConnection::disconnectFromBus(connection_.name());
+}
+
+SessionBus::SessionBus(const QString& address) : MessageBus(address, session) {}
 
 void SessionBus::startNone() {
     if (!isAnnounced()) qputenv(addressVariable, "disabled:");
 }
 
-SessionBus::~SessionBus() {
-    if (isOwn_) QDBusConnection::disconnectFromBus(connection_.name());
-}
+SystemBus::SystemBus(const QString& address) : MessageBus(address, QDBusConnection::systemBus) {}
 
 bool BusListener::listen(QDBusConnection& bus, const QString& path, const QString& interface,
-                         const QString& member) {
-    return bus.connect(QString(), path, interface, member, this, SLOT(heard(QDBusMessage)));
+                         const QString& member, const QString& sender) {
+    return bus.connect(sender, path, interface, member, this, SLOT(heard(QDBusMessage)));
 }
 
 }  // namespace noonward

@@ -8,25 +8,40 @@
 
 namespace noonward {
 
-/// The message bus of the user's session (D-Bus). Where none is announced none is started, and the
-/// connection is one that is not connected.
-class SessionBus {
+/// A message bus (D-Bus). Where there is none the connection is one that is not connected.
+class MessageBus {
  public:
-    /// An address as in DBUS_SESSION_BUS_ADDRESS; empty: the session's own, which Qt shares.
-    explicit SessionBus(const QString& address = {});
-    SessionBus(const SessionBus&) = delete;
-    SessionBus& operator=(const SessionBus&) = delete;
-    ~SessionBus();
-
-    /// Keeps the bus library, which Qt's own parts use as well, from starting a bus where none is
-    /// announced: nobody else would be on it. Call before the application object is made.
-    static void startNone();
+    MessageBus(const MessageBus&) = delete;
+    MessageBus& operator=(const MessageBus&) = delete;
 
     QDBusConnection& connection() { return connection_; }
+
+ protected:
+    /// A connection of its own to an address; without one, `shared`.
+    MessageBus(const QString& address, QDBusConnection (*shared)());
+    ~MessageBus();
 
  private:
     QDBusConnection connection_;
     bool isOwn_;
+};
+
+/// The message bus of the user's session. Where none is announced none is started.
+class SessionBus final : public MessageBus {
+ public:
+    /// An address as in DBUS_SESSION_BUS_ADDRESS; empty: the session's own, which Qt shares.
+    explicit SessionBus(const QString& address = {});
+
+    /// Keeps the bus library, which Qt's own parts use as well, from starting a bus where none is
+    /// announced: nobody else would be on it. Call before the application object is made.
+    static void startNone();
+};
+
+/// The message bus of the whole computer.
+class SystemBus final : public MessageBus {
+ public:
+    /// An address as in DBUS_SYSTEM_BUS_ADDRESS; empty: the computer's own, which Qt shares.
+    explicit SystemBus(const QString& address = {});
 };
 
 /// Hands on each bus signal that it is connected to.
@@ -36,9 +51,9 @@ class BusListener final : public QObject {
     using Action = std::function<void(const QDBusMessage& message)>;
     explicit BusListener(Action action) : action_(std::move(action)) {}
 
-    /// From any sender; an empty path is any path.
+    /// An empty sender is any sender, an empty path any path.
     bool listen(QDBusConnection& bus, const QString& path, const QString& interface,
-                const QString& member);
+                const QString& member, const QString& sender = {});
 
  public Q_SLOTS:
     void heard(const QDBusMessage& message) { action_(message); }

@@ -1,0 +1,109 @@
+#include "app/AppDelegate.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <optional>
+
+#include "app/Planner.h"
+#include "fakes/FakeDesktop.h"
+#include "fakes/FakeGeocoder.h"
+#include "fakes/StoreWorld.h"
+
+namespace noonward::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+Config places(bool welcomed) {
+    Config config = threePlaces();
+    config.welcomed = welcomed;
+    return config;
+}
+
+/// Where the program's files are, while it lives.
+class DataHome {
+ public:
+    explicit DataHome(const Config& config) {
+        qputenv(name, QByteArray::fromStdString(folder_.path().string()));
+        ConfigFile(configPaths(folder_.path().c_str(), nullptr)).save(config);
+    }
+    DataHome(const DataHome&) = delete;
+    DataHome& operator=(const DataHome&) = delete;
+    ~DataHome() { before_.isNull() ? qunsetenv(name) : qputenv(name, before_); }
+
+ private:
+    static constexpr auto name = "XDG_DATA_HOME";
+    QByteArray before_ = qgetenv(name);
+    TempFolder folder_;
+};
+
+/// The program at work on a desktop that is not there.
+struct Running {
+    explicit Running(const Config& config = places(true)) : home(config) {}
+
+    void start() { delegate.emplace(planner, geocoder, desktop.services()); }
+    void advance(int time) { desktop.queue.advance(milliseconds(time)); }
+    void toggle() { EXPECT_TRUE(desktop.hotKeys.press(17, HotKeys::control | HotKeys::option)); }
+
+    DataHome home;
+    FakeDesktop desktop;
+    FakeGeocoder geocoder;
+    Planner planner{desktop.queue, desktop.zoneChanges, nullptr, ConfigFile::Access::readWrite};
+    NotchUI& ui = planner.ui;
+    std::optional<AppDelegate> delegate;
+};
+
+TEST(AppDelegate, OnlyAnInstalledCopysFirstRunSwitchesTheLoginItemOn) {
+    for (const bool welcomed : {false, true}) {
+        for (const bool installed : {false, true}) {
+            Running program(places(welcomed));
+            program.desktop.installed = installed;
+            program.start();
+            program.advance(3000);
+            EXPECT_EQ(program.desktop.loginItem.on, installed && !welcomed);
+            EXPECT_EQ(program.ui.welcomeShown(), !welcomed);
+        }
+    }
+}
+
+TEST(AppDelegate, ShowsTheTimeAtOnceWhenTheClockHasJumped) {
+    Running program;
+    program.start();
+    const Instant before = program.planner.store.now();
+    while (SystemClock().now() <= before) {
+    }
+    program.desktop.clockChanges.announce();
+    EXPECT_GT(program.planner.store.now(), before);
+}
+
+TEST(AppDelegate, EveryRoadToThePanelOpensOrClosesIt) {
+    Running program;
+    program.start();
+    const auto signal = [&](const char* member) { program.desktop.session.signal(member); };
+    struct Step {
+        std::function<void()> act;
+        bool panel;
+        bool settings;
+    };
+    const Step steps[] = {{[&] { program.toggle(); }, true, false},
+                          {[&] { program.toggle(); }, false, false},
+                          {[&] { signal("toggle"); }, true, false},
+                          {[&] { signal("settings"); }, true, true},
+                          {[&] { program.desktop.presses.press(); }, false, false},
+                          {[&] { program.ui.onSettings(); }, true, true},
+                          {[&] { program.ui.onTap(); }, false, false},
+                          {[&] { program.ui.onTap(); }, true, false},
+                          {[&] { program.desktop.screens.announce(); }, false, false},
+                          {[&] { program.delegate->togglePanel(); }, true, false},
+                          {[&] { program.ui.onUpdates(); }, false, false}};
+    for (const Step& step : steps) {
+        step.act();
+        program.advance(1000);
+        EXPECT_EQ(program.ui.panelShown(), step.panel) << &step - steps;
+        EXPECT_EQ(program.ui.settingsShown(), step.settings) << &step - steps;
+    }
+}
+
+}  // namespace
+}  // namespace noonward::test
