@@ -32,6 +32,8 @@ class Portal final : public QDBusVirtualObject {
         bus_.connection().registerService("org.freedesktop.portal.Desktop");
     }
 
+    ~Portal() override { bus_.connection().unregisterObject(path); }
+
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
         question = message;
         return true;

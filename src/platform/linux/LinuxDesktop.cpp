@@ -8,6 +8,7 @@
 #include "platform/linux/CanberraFeedback.h"
 #include "platform/linux/ClockWatch.h"
 #include "platform/linux/PortalAppearance.h"
+#include "platform/linux/PortalHotKeys.h"
 #include "platform/linux/SessionBus.h"
 #include "platform/linux/X11.h"
 #include "platform/linux/X11HotKeys.h"
@@ -34,8 +35,9 @@ struct LinuxDesktop::Services {
     X11PressesElsewhere presses{*x11};
     X11WindowSystem windows{*x11, stack, presses};
     X11Keyboard keyboard{*x11};
-    X11HotKeys hotKeys{*x11};
+    X11HotKeys grabs{*x11};
     SessionBus bus;
+    PortalHotKeys hotKeys{bus, grabs};
     BusSession session{bus};
     PortalAppearance appearance{bus};
     ClipboardPasteboard pasteboard;
@@ -70,7 +72,7 @@ Desktop LinuxDesktop::services() {
             .windows = s.windows,
             .presses = s.presses,
             .keyboard = s.keyboard,
-            .hotKeys = s.hotKeys,
+            .hotKeys = s.x11->insideWayland() ? static_cast<HotKeys&>(s.hotKeys) : s.grabs,
             .session = s.session,
             .appearance = s.appearance,
             .pasteboard = s.pasteboard,

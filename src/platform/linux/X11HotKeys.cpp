@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/linux/KeyCodes.h"
+
 namespace noonward {
 namespace {
 
@@ -18,9 +20,6 @@ constexpr std::uint32_t altLeft = 0xffe9;  // keysyms (X11 protocol, appendix A)
 constexpr std::uint32_t altRight = 0xffea;
 constexpr std::uint32_t numLockKey = 0xff7f;
 
-// The keys of an ANSI keyboard by their virtual key codes, 0 to 46; "." where there is no letter.
-constexpr std::string_view lettersByKeyCode = "ASDFHGZXCV.BQWERYT.............OU.IP.LJ.K....NM";
-
 // The X key codes (evdev) of the letters' places, row by row from the left.
 struct KeyRow {
     xcb_keycode_t first;
@@ -30,11 +29,10 @@ constexpr std::array keyRows{KeyRow{24, "QWERTYUIOP"}, KeyRow{38, "ASDFGHJKL"},
                              KeyRow{52, "ZXCVBNM"}};
 
 std::optional<xcb_keycode_t> placeOf(int keyCode) {
-    if (keyCode < 0 || static_cast<std::size_t>(keyCode) >= lettersByKeyCode.size())
-        return std::nullopt;
-    const char letter = lettersByKeyCode[static_cast<std::size_t>(keyCode)];
+    const auto letter = letterOf(keyCode);
+    if (!letter) return std::nullopt;
     for (const KeyRow& row : keyRows) {
-        const auto column = row.letters.find(letter);
+        const auto column = row.letters.find(*letter);
         if (column != std::string_view::npos) return static_cast<xcb_keycode_t>(row.first + column);
     }
     return std::nullopt;
