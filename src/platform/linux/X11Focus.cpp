@@ -106,7 +106,11 @@ void X11Focus::watch(const xcb_generic_event_t& event, std::uint8_t type) {
     } else if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) {
         const auto& move = as<xcb_focus_in_event_t>(event);
         if (move.event != idOf(*window_) || !isRealMove(move)) return;
-        later(type == XCB_FOCUS_IN ? &X11Focus::activate : &X11Focus::lose);
+        if (type == XCB_FOCUS_IN) return later(&X11Focus::activate);
+        // A press that took the keys away comes before this, but what it was may come after.
+        presses_.whenDecided([this, alive = QPointer<QObject>(&context_)] {
+            if (alive) lose();
+        });
     }
 }
 

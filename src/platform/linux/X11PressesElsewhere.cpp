@@ -60,6 +60,13 @@ void X11PressesElsewhere::keysLeft() {
     if (x11_.insideWayland()) presses_.announce();
 }
 
+void X11PressesElsewhere::whenDecided(std::function<void()> step) {
+    if (open_.empty())
+        QMetaObject::invokeMethod(&context_, std::move(step), Qt::QueuedConnection);
+    else
+        waiting_.push_back(std::move(step));
+}
+
 void X11PressesElsewhere::select(bool wanted) {
     if (extension_ == 0) return;
     if (wanted) {
@@ -68,6 +75,7 @@ void X11PressesElsewhere::select(bool wanted) {
     } else {
         events_.reset();
         open_.clear();
+        waiting_.clear();
     }
     // Qt selects for all devices or on its own windows: this choice is ours alone.
     const std::uint32_t mask = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
@@ -89,9 +97,13 @@ void X11PressesElsewhere::watch(const xcb_generic_event_t& event, std::uint8_t t
         if (open_.empty() || open_.front().time != note.data.data32[0]) return;
         const bool isOwn = open_.front().isOwn;
         open_.pop_front();
-        if (isOwn) return;
-        QMetaObject::invokeMethod(
-            &context_, [this] { presses_.announce(); }, Qt::QueuedConnection);
+        if (!isOwn) {
+            QMetaObject::invokeMethod(
+                &context_, [this] { presses_.announce(); }, Qt::QueuedConnection);
+        }
+        if (!open_.empty()) return;
+        for (auto& step : std::exchange(waiting_, {}))
+            QMetaObject::invokeMethod(&context_, std::move(step), Qt::QueuedConnection);
     }
 }
 

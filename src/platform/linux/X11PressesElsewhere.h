@@ -3,6 +3,8 @@
 #include <QObject>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <vector>
 
 #include "platform/PressesElsewhere.h"
 #include "platform/linux/X11.h"
@@ -28,6 +30,10 @@ class X11PressesElsewhere final : public PressesElsewhere {
     /// The keyboard has left for another program: inside a Wayland compositor that is a press.
     void keysLeft();
 
+    /// Runs `step` from the event loop, once it is known whose the presses were that have been read
+    /// so far, and after those elsewhere have been told of. Dropped with the last listener.
+    void whenDecided(std::function<void()> step);
+
  private:
     void select(bool wanted);
     void watch(const xcb_generic_event_t& event, std::uint8_t type);
@@ -41,7 +47,8 @@ class X11PressesElsewhere final : public PressesElsewhere {
         xcb_timestamp_t time;
         bool isOwn;
     };
-    std::deque<Press> open_;  // those whose note has not come yet
+    std::deque<Press> open_;                      // those whose note has not come yet
+    std::vector<std::function<void()>> waiting_;  // for that to be empty
     int listeners_ = 0;
     Announcer presses_;
     QObject context_;
