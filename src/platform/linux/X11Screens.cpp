@@ -57,4 +57,10 @@ double X11Screens::statusBarThickness() const {
     return points <= thickest ? points : 0;
 }
 
+void X11Screens::addNotch(Screen& screen, const QScreen& described) const {
+    // Upside down, the camera is at the bottom.
+    if (notched_ && described.orientation() != Qt::InvertedLandscapeOrientation)
+        enterNotch(screen, described.name(), *notched_);
+}
+
 }  // namespace noonward

@@ -3,6 +3,7 @@
 #include <QTimer>
 
 #include "platform/QtScreens.h"
+#include "platform/linux/NotchedLaptops.h"
 #include "platform/linux/X11.h"
 
 namespace noonward {
@@ -14,8 +15,12 @@ class X11Screens final : public QtScreens {
     explicit X11Screens(X11& x11);  ///< which must outlive this object
     double statusBarThickness() const override;
 
+ protected:
+    void addNotch(Screen& screen, const QScreen& described) const override;
+
  private:
     X11& x11_;
+    std::optional<NotchedDisplay> notched_ = notchedDisplay();
     QTimer settling_;
     Subscription events_;
 };
