@@ -1,13 +1,14 @@
 #include "app/UpdateNotices.h"
 
 #include "app/PanelWindows.h"
-#include "platform/Updater.h"
 #include "views/NotchUI.h"
 
 namespace noonward {
 
 UpdateNotices::UpdateNotices(NotchUI& ui, PanelWindows& windows, Updater* updater)
-    : ui_(ui), windows_(windows), updater_(updater) {}
+    : ui_(ui), windows_(windows), updater_(updater) {
+    if (updater_) updater_->start(*this);
+}
 
 void UpdateNotices::check() {
     windows_.closePanel();

@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "app/Planner.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeGeocoder.h"
 #include "fakes/StoreWorld.h"
+#include "kit/Placed.h"
 
 namespace noonward::test {
 namespace {
@@ -103,6 +106,87 @@ TEST(AppDelegate, EveryRoadToThePanelOpensOrClosesIt) {
         EXPECT_EQ(program.ui.panelShown(), step.panel) << &step - steps;
         EXPECT_EQ(program.ui.settingsShown(), step.settings) << &step - steps;
     }
+}
+
+// Windows of the program's that a test has left are gone with its delegate.
+std::vector<KeyPanel*> panels() {
+    std::vector<KeyPanel*> result;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* panel = dynamic_cast<KeyPanel*>(window)) result.push_back(panel);
+    return result;
+}
+
+bool anythingMoves() {
+    const auto all = panels();
+    return std::any_of(all.begin(), all.end(),
+                       [](KeyPanel* panel) { return panel->content().moving(); });
+}
+
+bool showsSomewhere(const char* words) {
+    const auto all = panels();
+    return std::any_of(all.begin(), all.end(), [&](KeyPanel* panel) {
+        return kit::dump(panel->content().placed()).find(words) != std::string::npos;
+    });
+}
+
+TEST(AppDelegate, JumpsWhereTheDesktopWantsNoAnimations) {
+    for (const bool beforeTheStart : {true, false}) {
+        for (const bool wanted : {false, true, false}) {
+            Running program;
+            if (beforeTheStart) program.desktop.appearance.setAnimations(wanted);
+            program.start();
+            program.desktop.appearance.setAnimations(wanted);
+            const auto shows = [&](const char* what, auto act, int time) {
+                act();
+                program.advance(time);
+                EXPECT_EQ(anythingMoves(), wanted) << what;
+            };
+            shows(
+                "the notch opens",
+                [&] {
+                    program.desktop.pointer.moveTo({{960, 10}});
+                },
+                200);
+            EXPECT_TRUE(program.ui.expanded());
+            shows(
+                "the panel opens", [&] { program.toggle(); }, 1);
+            EXPECT_TRUE(program.ui.panelShown());
+            shows(
+                "the panel closes", [&] { program.toggle(); }, 1);
+            EXPECT_FALSE(program.ui.panelShown());
+        }
+    }
+}
+
+TEST(AppDelegate, ShowsAnUpdateUntilTheUserHasSeenIt) {
+    Running program;
+    program.desktop.hasUpdater = true;
+    program.start();
+    UpdateListener* listener = program.desktop.updater.listener;
+    ASSERT_NE(listener, nullptr);
+    EXPECT_TRUE(listener->takesPartInGentleReminders());
+    program.toggle();
+    program.advance(1000);
+    const char* const symbol = "arrow-circle-down";
+    EXPECT_FALSE(showsSomewhere("Update to 1.2"));
+    EXPECT_FALSE(showsSomewhere(symbol));
+
+    listener->willShow({.version = "1.2"});
+    EXPECT_TRUE(showsSomewhere("Update to 1.2")) << "in the ribbon";
+    EXPECT_TRUE(showsSomewhere(symbol)) << "beside the notch";
+    program.ui.onSettings();
+    program.advance(1000);
+    EXPECT_TRUE(showsSomewhere("Update to 1.2")) << "in the settings";
+
+    program.ui.onUpdates();
+    program.advance(1000);
+    EXPECT_EQ(program.desktop.updater.checks, 1);
+    EXPECT_FALSE(program.ui.panelShown());
+    listener->userHasSeen();
+    program.toggle();
+    program.advance(1000);
+    EXPECT_FALSE(showsSomewhere("Update to 1.2"));
+    EXPECT_FALSE(showsSomewhere(symbol));
 }
 
 }  // namespace

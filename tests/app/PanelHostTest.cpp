@@ -159,8 +159,8 @@ TEST(UpdateNotices, TellOnlyOfWhatTheUserHasNotSeen) {
     notices.willShow({.version = "1.3"});
     notices.sessionIsEnding();
     EXPECT_EQ(ready(), std::nullopt);
-    EXPECT_TRUE(UpdateNotices::updaterShowsScheduled(true));
-    EXPECT_FALSE(UpdateNotices::updaterShowsScheduled(false));
+    EXPECT_TRUE(notices.updaterShowsScheduled(true));
+    EXPECT_FALSE(notices.updaterShowsScheduled(false));
 }
 
 }  // namespace
