@@ -62,7 +62,9 @@ void KeyPanel::takeOutline() {
     if (!shown.isNull()) setMask(QBitmap::fromImage(shown.createAlphaMask()));
 }
 
+// Qt would give the focus of a window that has none to the first button, which nobody asked for.
 void KeyPanel::makeKey() {
+    if (!focusWidget()) content_->setFocus(Qt::OtherFocusReason);
     windows_.takeKeys(*this);
 }
 
