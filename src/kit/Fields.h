@@ -53,6 +53,7 @@ class Fields {
  private:
     void collect(const Placed& placed, const QRectF& visible);
     void removeOthers();
+    QWidget& heirOf(Id gone) const;
     void order();
     void place(RealField& field, const QRectF& rect, const QRectF& visible, const QPoint& origin);
 

@@ -13,6 +13,11 @@ namespace {
 
 constexpr std::size_t mostMatches = 7;
 
+// The catalogue names no regions.
+bool isSame(const City& a, const City& b) {
+    return a.id() == b.id() && (a.region == b.region || a.region.empty() || b.region.empty());
+}
+
 QDate dayOf(const Row& row, Instant at) {
     const DayKey key = row.cal.dayKey(at);
     return {key.year(), key.month(), key.day()};
@@ -59,7 +64,7 @@ void SettingsState::rearrange(PlaceIdentity place, const Edit& change) const {
 std::vector<City> SettingsState::matches() const {
     std::vector<City> found;
     const auto offer = [&](const City& city) {
-        const auto same = [&](const City& other) { return other.id() == city.id(); };
+        const auto same = [&](const City& other) { return isSame(other, city); };
         if (found.size() == mostMatches || store.has(city)) return;
         if (std::none_of(found.begin(), found.end(), same)) found.push_back(city);
     };

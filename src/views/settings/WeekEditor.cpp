@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "holidays/Holidays.h"
+#include "kit/Description.h"
 #include "kit/Flow.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
@@ -77,6 +78,7 @@ View dayToggle(const Editor& editor, int weekday) {
         .frame({.width = 28, .height = 28})
         .background(ground)
         .tooltip(name)
+        .described({.role = Role::button, .name = name})
         .toggle(works, editor.edits([weekday](Store& store, int index) {
             store.toggleWorkday(index, weekday);
         }));

@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <set>
+
+#include "kit/FirstClickHostingView.h"
+#include "views/SettingsScene.h"
+
+namespace noonward::test {
+namespace {
+
+/// The settings in a window, with the keyboard.
+struct SettingsWindow : SettingsScene {
+    using SettingsScene::SettingsScene;
+
+    void open() {
+        host.resize(host.fittingSize().toSize());
+        host.show();
+        QApplication::setActiveWindow(&host);
+        host.setFocus();
+        QApplication::processEvents();
+    }
+    void key(int code, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, code, modifiers, text);
+            QApplication::sendEvent(QApplication::focusWidget(), &event);
+        }
+        QApplication::processEvents();
+        host.refresh();
+    }
+    void type(const char* text) {
+        for (const QChar letter : QString::fromUtf8(text))
+            key(0, letter);
+    }
+    QString focusName() const {
+        const QWidget* focus = QApplication::focusWidget();
+        return focus ? focus->accessibleName() : QString();
+    }
+    void tabTo(const char* name) {
+        for (int step = 0; step < 100 && focusName() != QString::fromUtf8(name); ++step)
+            key(Qt::Key_Tab, "\t");
+        ASSERT_EQ(focusName().toStdString(), name);
+    }
+
+    kit::FirstClickHostingView host{animations, rootEnvironment(),
+                                    [this] { return view.body(Scheme::dark); }};
+    Subscription changes[3] = {store.changes().subscribe([this] { host.invalidate(); }),
+                               ui.changes().subscribe([this] { host.invalidate(); }),
+                               view.changes().subscribe([this] { host.invalidate(); })};
+};
+
+// A desktop whose windows glide ends every test that looks at real fields in the middle of it.
+struct StillWindow : SettingsWindow {
+    explicit StillWindow(const Config& config = threePlaces(),
+                         const SettingsView::Options& options = {})
+        : SettingsWindow(config, options) {
+        animations.setEnabled(false);
+        open();
+    }
+};
+
+TEST(SettingsKeyboard, ReachesEverythingAndShowsIt) {
+    StillWindow window(places(5), {.query = "united", .editing = 4});
+    const QRect box(QPoint(0, 0), window.host.size());
+    std::set<QWidget*> reached;
+    window.key(Qt::Key_Tab, "\t");
+    QWidget* first = QApplication::focusWidget();
+    do {
+        QWidget* focus = QApplication::focusWidget();
+        reached.insert(focus);
+        EXPECT_TRUE(box.contains(focus->geometry())) << focus->accessibleName().toStdString();
+        // What is scrolled half out of sight is cut off there.
+        EXPECT_TRUE(focus->mask().isEmpty() || focus->mask().contains(focus->rect().center()));
+        window.key(Qt::Key_Tab, "\t");  // in the date from part to part
+    } while (QApplication::focusWidget() != first && reached.size() < 200);
+    std::size_t controls = 0;
+    kit::walk(window.host.placed(), [&](const kit::Placed& part) {
+        const kit::Interaction* interaction = part.node->interaction();
+        controls +=
+            part.node->textField() || part.node->dateField() || (interaction && interaction->press);
+    });
+    EXPECT_EQ(reached.size(), controls);
+    EXPECT_GT(controls, 50U);
+}
+
+TEST(SettingsKeyboard, TypesANameWithASpaceOverATrimmedOne) {
+    StillWindow window;
+    window.tabTo("Name");
+    auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    edit->selectAll();
+    window.type("New York");
+    EXPECT_EQ(edit->text(), "New York");
+    EXPECT_EQ(window.labels().at(0), "New York");
+    EXPECT_TRUE(edit->hasFocus()) << "through every rebuild";
+    edit->undo();
+    EXPECT_NE(edit->text(), "New York");
+}
+
+TEST(SettingsKeyboard, WorksTheListWithSpace) {
+    StillWindow window;
+    window.tabTo("Move down");
+    window.key(Qt::Key_Space, " ");
+    EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore", "New York"}));
+    EXPECT_EQ(window.focusName(), "Remove") << "it can go no further down";
+    window.key(Qt::Key_Space, " ");
+    EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore"}));
+    window.tabTo("Open at login");
+    window.key(Qt::Key_Space, " ");
+    EXPECT_TRUE(window.loginItem.on);
+}
+
+TEST(SettingsKeyboard, AddsOneCityAfterTheOther) {
+    StillWindow window(places(4));
+    window.tabTo("A city — Tokyo, Nairobi, Toronto…");
+    QWidget* field = QApplication::focusWidget();
+    window.type("nairobi");
+    window.press("Nairobi");  // with the pointer
+    QApplication::processEvents();
+    EXPECT_EQ(QApplication::focusWidget(), field) << "for the next one";
+    EXPECT_EQ(qobject_cast<QLineEdit*>(field)->text(), "");
+    window.type("tokyo");
+    window.key(Qt::Key_Tab, "\t");
+    window.key(Qt::Key_Space, " ");  // the sixth
+    EXPECT_EQ(window.labels().back(), "Tokyo");
+    EXPECT_EQ(window.focusName(), "Open at login") << "what follows";
+    window.ui.settingsShown = true;
+    window.key(Qt::Key_Return, "\r");
+    EXPECT_FALSE(window.ui.settingsShown()) << "Done";
+}
+
+TEST(SettingsKeyboard, ReturnIsDoneFromAFieldToo) {
+    StillWindow window;
+    window.ui.settingsShown = true;
+    window.tabTo("A city — Tokyo, Nairobi, Toronto…");
+    window.type("nairobi");
+    window.key(Qt::Key_Return, "\r");
+    EXPECT_FALSE(window.ui.settingsShown());
+    EXPECT_EQ(window.labels().size(), 3U);
+}
+
+TEST(SettingsKeyboard, MovedRowsGlideAndKeepTheFocus) {
+    SettingsWindow window;
+    window.open();
+    window.tabTo("Move down");
+    QWidget* button = QApplication::focusWidget();
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
+    QApplication::sendEvent(button, &space);
+    EXPECT_TRUE(window.host.moving());
+    while (window.host.moving())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    // It cannot move down any further.
+    EXPECT_EQ(window.labels().back(), "New York");
+    EXPECT_EQ(window.buttons("Move down").size(), 1U);
+}
+
+}  // namespace
+}  // namespace noonward::test

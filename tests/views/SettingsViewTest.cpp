@@ -1,0 +1,325 @@
+#include <gtest/gtest.h>
+
+#include "views/SettingsScene.h"
+#include "views/settings/WeekEditor.h"
+
+namespace noonward::test {
+namespace {
+
+using Labels = std::vector<std::string>;
+
+TEST(Settings, SayWhereEachPlaceStands) {
+    struct Case {
+        const char* what;
+        std::function<void(Config&)> config;
+        SettingsView::Options options;
+        Labels said;
+        Labels unsaid;
+    };
+    const auto nothing = [](Config&) {};
+    const auto away = [](Config& config) {
+        config.homeZones = {"Asia/Tokyo"};
+        config.places[0].zone.clear();
+    };
+    for (const Case& each : {
+             Case{"three places",
+                  nothing,
+                  {},
+                  {"Your places  ·  3 of 6", "always first",
+                   "America/New York · EDT · 05:40 · works 8–18 Mon–Fri", "A city — Tokyo"},
+                  {"Not in the list", "working week", "Follows this Mac"}},
+             Case{"six places",
+                  [](Config& config) { config.places = places(6).places; },
+                  {},
+                  {"6 of 6", "Six places is the most"},
+                  {"A city — Tokyo"}},
+             Case{"a place that follows the computer",
+                  [](Config& config) { config.places[0].zone.clear(); },
+                  {},
+                  {"Europe/London · Follows this Mac · GMT"},
+                  {"Home time while you travel"}},
+             Case{"away from home",
+                  away,
+                  {},
+                  {"Asia/Tokyo · Home time while you travel · "},
+                  {"Follows this Mac"}},
+             Case{"a short query", nothing, {.query = " ny "}, {}, {"Not in the list"}},
+             Case{"what is there already",
+                  nothing,
+                  {.query = "singapore"},
+                  {"Not in the list — look up “singapore” with Apple Maps"},
+                  {"SGT"}},
+             Case{"a city",
+                  nothing,
+                  {.query = "tokyo"},
+                  {"text \"Tokyo\"", "JST · 18:40 · +9h", "look up “tokyo” with Apple Maps"},
+                  {}},
+             Case{
+                 "an open week",
+                 nothing,
+                 {.editing = 1},
+                 {"New York — working week", "08:00", "18:00", "Fetching United States's holidays…",
+                  "Office closures or leave that count as days off for New York.", "18/03/2026",
+                  "Back to 8–18, Monday to Friday, with holidays"},
+                 {"London — working week"}},
+             Case{"its exceptions",
+                  [](Config& config) {
+                      config.places[1] = {.label = "Dubai",
+                                          .shortName = "DXB",
+                                          .zone = "Asia/Riyadh",
+                                          .work = {{8.5, 17.25}},
+                                          .holidays = false,
+                                          .daysOff = {{"2025-02-03", "2026-02-31", "soon"}}};
+                  },
+                  {.editing = 1},
+                  {"08:30", "17:15", "Off — Saudi Arabia's holidays are left out.", "Mon 3 Feb",
+                   "2026-02-31", "Back to 8–18, the usual week, with holidays"},
+                  {}},
+             Case{"no country",
+                  [](Config& config) { config.places[1].zone = "Etc/UTC"; },
+                  {.editing = 1},
+                  {"No country for this time zone."},
+                  {}},
+             Case{"nobody's week", nothing, {.editing = 7}, {}, {"working week"}},
+         }) {
+        Config config = threePlaces();
+        each.config(config);
+        const SettingsScene scene(config, each.options);
+        for (const std::string& words : each.said)
+            EXPECT_TRUE(scene.says(words)) << each.what << ": " << words;
+        for (const std::string& words : each.unsaid)
+            EXPECT_FALSE(scene.says(words)) << each.what << ": " << words;
+    }
+}
+
+TEST(Settings, SayWhichHolidaysAreNext) {
+    const SettingsScene scene(threePlaces(), {.editing = 1},
+                              R"("2026-03-17":{"name":"Gone"},)"
+                              R"("2026-04-03":{"name":"Good"},)"
+                              R"("2026-05-25":{"name":"Memorial"})");
+    EXPECT_TRUE(
+        scene.says("United States, from Google's public calendar. Next: Fri 3 Apr Good · "
+                   "Mon 25 May Memorial\""));
+}
+
+TEST(Settings, EveryControlIsOnDiskAtOnce) {
+    struct Case {
+        const char* button;
+        std::size_t which;
+        std::function<bool(const Config&)> done;
+    };
+    const auto placed = [](const Config& config, std::size_t index, const char* label) {
+        return index < config.places.size() && config.places[index].label == label;
+    };
+    const auto newYork = [](const Config& config) { return config.places[1]; };
+    for (const Case& each : {
+             Case{"Make this a favourite, beside the notch", 0,
+                  [](const Config& c) {
+                      return c.favourites == Labels{"London", "New York"};
+                  }},
+             Case{"Favourite — beside the notch. Click to unstar", 0,
+                  [](const Config& c) { return c.favourites == Labels{"London"}; }},
+             Case{"Make this home", 1, [&](const Config& c) { return placed(c, 0, "Singapore"); }},
+             Case{"Move up", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
+             Case{"Move down", 0, [&](const Config& c) { return placed(c, 2, "New York"); }},
+             Case{"Remove", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
+             Case{"Light", 0, [](const Config& c) { return c.appearance == "light"; }},
+             Case{"Keep now in the middle", 0, [](const Config& c) { return c.rolling; }},
+             Case{"Start of work: half an hour earlier", 0,
+                  [&](const Config& c) {
+                      return newYork(c).work == std::vector<double>{7.5, 18};
+                  }},
+             Case{"End of work: half an hour later", 0,
+                  [&](const Config& c) {
+                      return newYork(c).work == std::vector<double>{8, 18.5};
+                  }},
+             Case{"Monday", 0,
+                  [&](const Config& c) {
+                      return newYork(c).workdays == std::vector<int>{3, 4, 5, 6};
+                  }},
+             Case{"Sunday", 0,
+                  [&](const Config& c) {
+                      return newYork(c).workdays == std::vector<int>{1, 2, 3, 4, 5, 6};
+                  }},
+             Case{"Public holidays", 0,
+                  [&](const Config& c) { return newYork(c).holidays == false; }},
+             Case{"Thu 24 Dec", 0, [&](const Config& c) { return !newYork(c).daysOff; }},
+             Case{"Add", 0,
+                  [&](const Config& c) {
+                      return newYork(c).daysOff == Labels{"2026-03-18", "2026-12-24"};
+                  }},
+             Case{"Tokyo", 0, [&](const Config& c) { return placed(c, 3, "Tokyo"); }},
+         }) {
+        Config config = threePlaces();
+        config.places[1].daysOff = {"2026-12-24"};
+        SettingsScene scene(config, {.query = "tokyo", .editing = 1});
+        EXPECT_FALSE(each.done(scene.world.saved())) << each.button;
+        ASSERT_GT(scene.buttons(each.button).size(), each.which) << each.button;
+        scene.press(each.button, each.which);
+        EXPECT_TRUE(each.done(scene.world.saved())) << each.button;
+    }
+}
+
+TEST(Settings, LeaveHomeWhereItIs) {
+    const SettingsScene scene;
+    EXPECT_TRUE(scene.says("Home is always a favourite"));
+    EXPECT_TRUE(scene.buttons("Home is always a favourite").empty());
+    EXPECT_EQ(scene.buttons("Remove").size(), 2U);
+    EXPECT_EQ(scene.buttons("Move up").size(), 1U);
+    EXPECT_EQ(scene.buttons("Move down").size(), 1U);
+}
+
+TEST(Settings, ResetsAWeek) {
+    SettingsScene scene(threePlaces(), {.editing = 2});
+    scene.press("Public holidays");
+    scene.press("Tuesday");
+    scene.press("End of work: half an hour later");
+    EXPECT_NE(scene.world.saved().places[2], threePlaces().places[2]);
+    scene.press("Back to 8–18, Monday to Friday, with holidays");
+    EXPECT_EQ(scene.world.saved().places[2], threePlaces().places[2]);
+}
+
+TEST(Settings, StoreNamesTrimmedAsTheyAreTyped) {
+    const std::string long10k(10'000, 'x');
+    struct Case {
+        std::string typed;
+        std::string stored;
+    };
+    for (const Case& each :
+         {Case{"  New York ", "New York"}, Case{"", ""}, Case{" \t", ""}, Case{"London", "London"},
+          Case{long10k, long10k}, Case{"דובאי", "דובאי"}, Case{"e\u0301\u0301", "e\u0301\u0301"}}) {
+        SettingsScene scene;
+        const kit::Placed before = scene.placed();
+        scene.type("Name", each.typed, 2);
+        EXPECT_EQ(scene.labels(), (Labels{"London", "New York", each.stored}));
+        // However it is called, nothing else moves.
+        std::vector<QRectF> rects;
+        for (const kit::Placed& root : {before, scene.placed()}) {
+            kit::walk(root, [&](const kit::Placed& part) {
+                if (part.node->interaction() && part.node->interaction()->press)
+                    rects.push_back(part.rect);
+            });
+        }
+        const auto half = rects.begin() + static_cast<std::ptrdiff_t>(rects.size() / 2);
+        EXPECT_TRUE(std::equal(rects.begin(), half, half, rects.end())) << each.typed.substr(0, 20);
+    }
+}
+
+TEST(Settings, TheOpenWeekFollowsItsPlaceAndClosesWithIt) {
+    const SettingsScene scene;
+    const char* tip = "Working hours, days and holidays";
+    scene.press(tip, 1);
+    EXPECT_TRUE(scene.says("New York — working week"));
+    scene.press("Move down");
+    EXPECT_TRUE(scene.says("New York — working week"));
+    scene.press("Make this home", 1);
+    scene.type("Name", "NYC", 0);
+    EXPECT_TRUE(scene.says("NYC — working week"));
+    scene.press(tip, 1);
+    EXPECT_TRUE(scene.says("London — working week")) << "only one is open";
+    scene.press("Remove", 0);
+    EXPECT_FALSE(scene.says("working week"));
+    scene.press(tip, 1);
+    scene.press(tip, 1);
+    EXPECT_FALSE(scene.says("working week"));
+}
+
+TEST(Settings, LookUpWhatIsNotInTheList) {
+    const Placemark milwaukee{.locality = "Milwaukee",
+                              .country = "United States",
+                              .zone = "America/Chicago",
+                              .region = "Wisconsin"};
+    const char* offer = "Not in the list — look up “milwaukee” with Apple Maps";
+    SettingsScene scene(threePlaces(), {.query = "milwaukee"});
+    scene.press(offer);
+    EXPECT_TRUE(scene.says("Looking up “milwaukee”…"));
+    EXPECT_TRUE(scene.buttons(offer).empty());
+    scene.geocoder.fail(0);
+    EXPECT_FALSE(scene.says("Looking up"));
+    scene.press(offer);
+    scene.geocoder.answer(1, {milwaukee});
+    EXPECT_EQ(scene.buttons("Milwaukee").at(0).help, "Milwaukee, Wisconsin, United States");
+    scene.press("Milwaukee");
+    EXPECT_EQ(scene.labels().back(), "Milwaukee");
+    EXPECT_FALSE(scene.says("milwaukee")) << "the query is gone";
+    EXPECT_EQ(scene.geocoder.asked(), (Labels{"milwaukee", "milwaukee"}));
+}
+
+TEST(Settings, DropAnswersThatComeTooLate) {
+    const Placemark place{.locality = "Springfield", .zone = "America/Chicago"};
+    auto scene =
+        std::make_unique<SettingsScene>(threePlaces(), SettingsView::Options{.query = "tokyo"});
+    scene->press("Not in the list — look up “tokyo” with Apple Maps");
+    scene->press("Tokyo");
+    scene->geocoder.answer(0, {place});
+    EXPECT_FALSE(scene->says("Springfield")) << "a city has been added";
+
+    FakeGeocoder geocoder;
+    {
+        const SettingsView view(scene->store, scene->ui,
+                                {.animations = scene->animations,
+                                 .holidays = scene->world.holidays,
+                                 .geocoder = &geocoder},
+                                {.query = "spr"});
+        const auto root = kit::layOut(view.body(Scheme::dark), rootEnvironment());
+        for (const kit::Element& element : kit::elements(root)) {
+            if (element.name.starts_with("Not in the list")) element.press();
+        }
+    }
+    geocoder.answer(0, {place});  // nobody is there any more
+    EXPECT_FALSE(scene->says("Springfield"));
+}
+
+TEST(Settings, TellNamesakesApart) {
+    SettingsScene scene(threePlaces(), {.query = "springfield"});
+    scene.press("Not in the list — look up “springfield” with Apple Maps");
+    std::vector<Placemark> found;
+    for (const char* region : {"Missouri", "Illinois", "Massachusetts"})
+        found.push_back({.locality = "Springfield",
+                         .country = "United States",
+                         .zone = "America/Chicago",
+                         .region = region});
+    scene.geocoder.answer(0, found);
+    for (const Placemark& each : found)
+        EXPECT_TRUE(scene.says("Springfield, " + *each.region)) << *each.region;
+}
+
+TEST(Settings, FillUpToSix) {
+    SettingsScene scene(places(5), {.query = "tokyo"});
+    scene.press("Tokyo");
+    EXPECT_TRUE(scene.says("Your places  ·  6 of 6"));
+    EXPECT_TRUE(scene.says("Six places is the most the ribbon shows comfortably."));
+    EXPECT_FALSE(scene.says("A city — Tokyo"));
+}
+
+TEST(Settings, TheLoginSwitchShowsWhatTheDesktopMadeOfIt) {
+    SettingsScene scene;
+    EXPECT_FALSE(scene.isOn("Open at login"));
+    scene.press("Open at login");
+    EXPECT_TRUE(scene.isOn("Open at login"));
+    scene.loginItem.refuses = true;
+    scene.press("Open at login");
+    EXPECT_TRUE(scene.isOn("Open at login"));
+}
+
+TEST(Settings, HaveWhatTheProgramOffers) {
+    SettingsScene scene;
+    int checks = 0;
+    int quits = 0;
+    scene.ui.onUpdates = [&] { ++checks; };
+    scene.ui.onQuit = [&] { ++quits; };
+    scene.ui.version = "1.2.3";
+    EXPECT_TRUE(scene.says("Noonward 1.2.3"));
+    scene.press("Check for updates");
+    scene.ui.updateReady = "2.0";
+    scene.press("Update to 2.0");
+    scene.press("Quit");
+    EXPECT_EQ(checks, 2);
+    EXPECT_EQ(quits, 1);
+    scene.ui.settingsShown = true;
+    scene.press("Done");
+    EXPECT_FALSE(scene.ui.settingsShown());
+}
+
+}  // namespace
+}  // namespace noonward::test
