@@ -2,108 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <QDBusArgument>
-#include <QDBusMetaType>
 #include <QDBusObjectPath>
-#include <QDBusVirtualObject>
 #include <algorithm>
 #include <functional>
-#include <vector>
 
 #include "fakes/FakeHotKeys.h"
+#include "platform/ShortcutsPortal.h"
 #include "support/PrivateBus.h"
 #include "support/Wait.h"
 
 namespace noonward::test {
 namespace {
 
-struct Entry {
-    QString id;
-    QVariantMap values;
-};
-QDBusArgument& operator<<(QDBusArgument& argument, const Entry& entry) {
-    argument.beginStructure();
-    argument << entry.id << entry.values;
-    argument.endStructure();
-    return argument;
-}
-const QDBusArgument& operator>>(const QDBusArgument& argument, Entry& entry) {
-    argument.beginStructure();
-    argument >> entry.id >> entry.values;
-    argument.endStructure();
-    return argument;
-}
-using Entries = QList<Entry>;
+using namespace shortcuts;
 
-const QString folder = "/org/freedesktop/portal/desktop";
-const QString service = "org.freedesktop.portal.Desktop";
-const QString shortcutsInterface = "org.freedesktop.portal.GlobalShortcuts";
-const QString session = folder + "/session/1_9/noonward";
 constexpr auto controlOption = HotKeys::control | HotKeys::option;
-
-/// A portal that does what the test says.
-class Portal final : public QDBusVirtualObject {
- public:
-    explicit Portal(const QString& address) : bus_(address) {
-        qDBusRegisterMetaType<Entry>();
-        qDBusRegisterMetaType<Entries>();
-        bus_.connection().registerVirtualObject(folder, this);
-        start();
-    }
-    ~Portal() override { bus_.connection().unregisterObject(folder); }
-    void start() { bus_.connection().registerService(service); }
-    void stop() { bus_.connection().unregisterService(service); }
-
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
-        asked.push_back(message);
-        return true;
-    }
-    QString introspect(const QString&) const override { return {}; }
-
-    /// Waits for a call, and gives its options.
-    QVariantMap await(const char* member) {
-        EXPECT_TRUE(eventually([&] { return !asked.empty(); })) << member;
-        question = asked.empty() ? QDBusMessage() : asked.front();
-        asked.clear();
-        EXPECT_EQ(question.member(), member);
-        return qdbus_cast<QVariantMap>(question.arguments().value(question.arguments().size() - 1));
-    }
-    /// Of the latest call: where its response is waited for.
-    QString handle() const {
-        const auto options = qdbus_cast<QVariantMap>(question.arguments().constLast());
-        QString sender = question.service().mid(1);
-        sender.replace('.', '_');
-        return folder + "/request/" + sender + '/' + options["handle_token"].toString();
-    }
-    void answer(const QVariant& value) { bus_.connection().send(question.createReply(value)); }
-    void refuse() {
-        bus_.connection().send(question.createErrorReply(QDBusError::UnknownMethod, "no"));
-    }
-    void send(const QString& path, const QString& interface, const char* member,
-              const QVariantList& arguments) {
-        auto signal = QDBusMessage::createSignal(path, interface, member);
-        signal.setArguments(arguments);
-        bus_.connection().send(signal);
-    }
-    void respond(const QString& to, const QVariantList& arguments) {
-        send(to, "org.freedesktop.portal.Request", "Response", arguments);
-    }
-    void grant(const QVariantMap& results) {
-        const QString to = handle();
-        answer(QVariant::fromValue(QDBusObjectPath(to)));
-        respond(to, {0U, results});
-    }
-    void activate(const QString& inSession, const QString& id) {
-        send(folder, shortcutsInterface, "Activated",
-             {QVariant::fromValue(QDBusObjectPath(inSession)), id, qulonglong(7), QVariantMap()});
-    }
-
-    std::vector<QDBusMessage> asked;
-    QDBusMessage question;
-
- private:
-    SessionBus bus_;
-};
 
 QVariantMap bound(const QString& id) {
     return {{"shortcuts", QVariant::fromValue(Entries{{"other", {}}, {id, {{"x", 1}}}})}};
