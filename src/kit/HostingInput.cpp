@@ -37,6 +37,10 @@ bool isDefault(const Placed& placed) {
     return interaction && interaction->keys == PressKeys::spaceAndReturn;
 }
 
+bool isField(const Placed& placed) {
+    return placed.node->textField() || placed.node->dateField();
+}
+
 // Where a scrolled view is now, and how far it can go, in points.
 double position(const Placed& scrolled) {
     return scrolled.rect.top() - scrolled.children.front().rect.top();
@@ -108,7 +112,14 @@ void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const auto path = hit(placed(), inView(event->position()), takesPress);
     pressed_ = path.empty() ? std::nullopt : std::optional(path.back()->id);
-    if (path.empty() && !fields_.focusedHoldsKeys()) setFocus();
+    if (!path.empty()) return;
+    // While something glides the real fields are out of sight, and out of the pointer's reach.
+    const auto field = hit(placed(), inView(event->position()), isField);
+    if (!field.empty()) {
+        fields_.widget(field.back()->id)->setFocus(Qt::MouseFocusReason);
+    } else if (!fields_.focusedHoldsKeys()) {
+        setFocus();
+    }
 }
 
 void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
@@ -146,8 +157,16 @@ void FirstClickHostingView::showFocusedField() {
     if (!path.empty()) scrollIntoSight(path, path.back()->rect);
 }
 
-// What has appeared together is shown together.
+// What has appeared together is shown together. A position that there is no room for any more is
+// given up: it must not come back when the content grows.
 void FirstClickHostingView::showAppeared() {
+    walk(presentation_.target(), [](const Placed& placed) {
+        if (!scrolls(placed)) return;
+        const double most = mostPosition(placed);
+        if (placed.node->interaction()->scrolled <= most) return;
+        const auto scroll = placed.node->interaction()->scrollTo;
+        scroll(most);
+    });
     std::set<Id> now;
     std::optional<Id> first;
     QRectF appeared;

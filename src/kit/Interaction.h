@@ -33,6 +33,7 @@ struct Interaction {
     std::vector<MenuItem> menu;  ///< of a secondary click
     /// Asks for another position of what can be scrolled, in points from its top.
     std::function<void(double position)> scrollTo;
+    double scrolled = 0;  ///< the position that was asked for
     bool revealed = false;  ///< scrolled into sight when it appears
 };
 

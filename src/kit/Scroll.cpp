@@ -12,6 +12,7 @@ class ScrollNode final : public Wrapper {
     ScrollNode(View content, double position, std::function<void(double)> scrolled)
         : Wrapper(std::move(content)), position_(position) {
         interaction_.scrollTo = std::move(scrolled);
+        interaction_.scrolled = position;
     }
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {

@@ -239,6 +239,38 @@ TEST(Hosting, ScrollsByWheelAndByFocus) {
     EXPECT_TRUE(window.view.rect().contains(fields[1]->geometry().center()));
 }
 
+// Boxes of 30, one below the other, in room for 50; the last of them wants to be seen.
+TEST(Hosting, ScrollsToWhatAppearsAndForgetsWhereThereIsNothing) {
+    double position = 0;
+    int boxes = 1;
+    Window* self = nullptr;
+    Window window([&] {
+        Views all(static_cast<std::size_t>(boxes), box(60, 30));
+        all.back() = all.back().revealed();
+        return scroll(vstack({}, all), position,
+                      [&](double to) {
+                          position = to;
+                          self->view.invalidate();
+                      })
+            .frame({.width = 60, .height = 50});
+    });
+    self = &window;
+    const auto show = [&](int count) {
+        boxes = count;
+        window.view.invalidate();
+        QApplication::processEvents();
+        return position;
+    };
+    EXPECT_EQ(show(4), 70);
+    EXPECT_EQ(show(4), 70);
+    position = 5;
+    EXPECT_EQ(show(4), 5) << "it has been there before";
+    EXPECT_EQ(show(2), 10);
+    position = 70;
+    EXPECT_EQ(show(1), 0);
+    EXPECT_EQ(show(5), 100);
+}
+
 TEST(Hosting, ADateIsSetPartByPart) {
     QDate day(2026, 2, 3);
     Window window([&] { return dateField({.day = day, .onChange = [&](QDate to) { day = to; }}); });

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <set>
 
 #include "kit/FirstClickHostingView.h"
@@ -140,14 +141,23 @@ TEST(SettingsKeyboard, ReturnIsDoneFromAFieldToo) {
     EXPECT_EQ(window.labels().size(), 3U);
 }
 
-TEST(SettingsKeyboard, MovedRowsGlideAndKeepTheFocus) {
+TEST(SettingsKeyboard, MovedRowsGlide) {
     SettingsWindow window;
     window.open();
     window.tabTo("Move down");
-    QWidget* button = QApplication::focusWidget();
     QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
-    QApplication::sendEvent(button, &space);
+    QApplication::sendEvent(QApplication::focusWidget(), &space);
     EXPECT_TRUE(window.host.moving());
+    // A field can be pressed in the meantime, and typed into.
+    const kit::Placed* search = kit::find(window.host.placed(), [](const kit::Placed& part) {
+        return part.node->textField() && part.node->textField()->text.empty();
+    });
+    const QPointF at = search->rect.center();
+    QMouseEvent press(QEvent::MouseButtonPress, at, window.host.mapToGlobal(at), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window.host, &press);
+    window.type("x");
+    EXPECT_TRUE(window.says("text \"x\""));
     while (window.host.moving())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     // It cannot move down any further.

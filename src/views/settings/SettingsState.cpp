@@ -92,6 +92,7 @@ void SettingsState::lookUp() {
     if (!services.geocoder) return;
     const unsigned number = ++lookUps_;
     lookingUp = true;
+    searchFocus = searchFocus() + 1;  // what is found comes right behind the field
     Cities::lookUp(*services.geocoder, query(),
                    [weak = weak_from_this(), number](std::vector<City> cities) {
                        const auto self = weak.lock();
