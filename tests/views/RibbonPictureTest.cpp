@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "views/Picture.h"
 #include "views/RibbonScene.h"
 
 // Reads positions and colours back from the painted ribbon and compares them with what the design
@@ -12,19 +13,6 @@ namespace noonward::test {
 namespace {
 
 constexpr double stripe = 6;
-
-struct Rgb {
-    double r, g, b;
-};
-
-constexpr Rgb hex(unsigned value) {
-    return {static_cast<double>(value >> 16 & 0xFF), static_cast<double>(value >> 8 & 0xFF),
-            static_cast<double>(value & 0xFF)};
-}
-constexpr Rgb over(Rgb top, double opacity, Rgb below) {
-    return {top.r * opacity + below.r * (1 - opacity), top.g * opacity + below.g * (1 - opacity),
-            top.b * opacity + below.b * (1 - opacity)};
-}
 
 constexpr Rgb white = hex(0xFFFFFF);
 constexpr Rgb navy = hex(0x004165);
@@ -61,55 +49,6 @@ Theme theme(Scheme scheme) {
             over(navy, 0.12, tint),
             1};
 }
-
-// A painted ribbon, asked in points.
-class Picture {
- public:
-    explicit Picture(const QImage& image) : image_(image) {}
-
-    testing::AssertionResult is(double x, double y, Rgb wanted, double tolerance = 1.01) const {
-        const QColor found = at(x, y);
-        if (near(found, wanted, tolerance)) return testing::AssertionSuccess();
-        return testing::AssertionFailure()
-               << "at " << x << ", " << y << ": found " << found.red() << ' ' << found.green()
-               << ' ' << found.blue() << ", wanted " << wanted.r << ' ' << wanted.g << ' '
-               << wanted.b;
-    }
-
-    // Where the first stretch of a colour begins and ends on a horizontal line, in points.
-    std::pair<double, double> across(Rgb colour, double y, double fromX, double untilX) const {
-        return run(fromX, untilX, [&](double x) { return near(at(x, y), colour, 3); });
-    }
-    std::pair<double, double> down(Rgb colour, double x, double fromY, double untilY) const {
-        return run(fromY, untilY, [&](double y) { return near(at(x, y), colour, 3); });
-    }
-
-    double width() const { return image_.width() / 2.0; }
-    double height() const { return image_.height() / 2.0; }
-    int alpha(double x, double y) const { return at(x, y).alpha(); }
-
- private:
-    QColor at(double x, double y) const {
-        return image_.pixelColor(static_cast<int>(std::floor(x * 2)),
-                                 static_cast<int>(std::floor(y * 2)));
-    }
-    static bool near(const QColor& found, Rgb wanted, double tolerance) {
-        return std::abs(found.red() - wanted.r) <= tolerance &&
-               std::abs(found.green() - wanted.g) <= tolerance &&
-               std::abs(found.blue() - wanted.b) <= tolerance;
-    }
-    template <typename Test>
-    static std::pair<double, double> run(double from, double until, Test test) {
-        while (from < until && !test(from + 0.25))
-            from += 0.5;
-        double end = from;
-        while (end < until && test(end + 0.25))
-            end += 0.5;
-        return {from, end};
-    }
-
-    QImage image_;
-};
 
 testing::AssertionResult spans(std::pair<double, double> found, double from, double until) {
     // Half a pixel of the picture is a quarter of a point.
