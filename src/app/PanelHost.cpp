@@ -30,7 +30,10 @@ PanelHost::PanelHost(Store& store, NotchUI& ui, const SettingsView::Services& se
       ribbon_(store, ui, {.onCopyInvite = std::move(onCopyInvite)}),
       showings_(whenChanged(
           ui.changes(), [&ui] { return ui.settingsShown() && !ui.welcomeShown(); },
-          [this] { ++showing_; })),
+          [this] {
+              ++showing_;
+              settings_.reset();
+          })),
       ribbonWatch_(ribbon_.changes().subscribe([this] { changes_.announce(); })) {}
 
 kit::View PanelHost::body(Scheme scheme, Backing backing) const {

@@ -1,6 +1,7 @@
 #include "app/Snapshot.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "app/Render.h"
@@ -30,7 +31,11 @@ View inMargins(const View& notch) {
 
 void write(const std::string& path, const View& view) {
     const QByteArray data = render(view);
-    if (data.isEmpty()) return;
+    std::error_code error;
+    // Into a pipe one would write for ever.
+    if (data.isEmpty() ||
+        std::filesystem::exists(path, error) == !std::filesystem::is_regular_file(path, error))
+        return;
     std::ofstream(path, std::ios::binary | std::ios::trunc).write(data.data(), data.size());
 }
 

@@ -105,6 +105,7 @@ class AccessibleElement final : public QAccessibleInterface, public QAccessibleA
         state.invalid = !isValid();
         state.invisible = !view_ || !view_->isVisible();
         state.readOnly = true;
+        if (const Element* self = element()) state.disabled = !self->enabled;
         if (const Element* self = element(); self && self->checked) {
             state.checkable = true;
             state.checked = *self->checked;

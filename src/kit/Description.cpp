@@ -5,6 +5,10 @@
 namespace kit {
 namespace {
 
+const std::string& nameOf(const TextFieldSpec& field) {
+    return field.name.empty() ? field.placeholder : field.name;
+}
+
 std::string textIn(const Placed& placed) {
     std::string all;
     walk(placed, [&all](const Placed& below) {
@@ -42,7 +46,8 @@ Element button(const Placed& placed, const std::string* tooltip) {
     } else if (tooltip) {
         element.help = *tooltip;
     }
-    element.press = placed.node->interaction()->press;
+    element.enabled = placed.node->interaction()->enabled;
+    if (element.enabled) element.press = placed.node->interaction()->press;
     element.checked = placed.node->interaction()->checked;
     return element;
 }
@@ -57,12 +62,15 @@ void collect(const Placed& placed, const std::string* tooltip, std::vector<Eleme
     if (placed.node->textField()) {
         into.push_back({.id = placed.id,
                         .role = Role::field,
-                        .name = placed.node->textField()->placeholder,
+                        .name = nameOf(*placed.node->textField()),
                         .rect = placed.rect});
         return;
     }
     if (placed.node->dateField()) {
-        into.push_back({.id = placed.id, .role = Role::field, .name = {}, .rect = placed.rect});
+        into.push_back({.id = placed.id,
+                        .role = Role::field,
+                        .name = placed.node->dateField()->name,
+                        .rect = placed.rect});
         return;
     }
     const Description* said = placed.node->accessible();

@@ -28,6 +28,7 @@ struct Element {
     QRectF rect;                  ///< points from the tree's corner
     std::function<void()> press;  ///< null where there is nothing to press
     std::optional<bool> checked;  ///< of what is switched on and off
+    bool enabled = true;
     std::vector<Element> children;
 };
 

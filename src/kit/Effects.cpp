@@ -103,7 +103,7 @@ class ScaleNode final : public Wrapper {
         painter.scale(scale, scale);
         painter.translate(-content.bounds.topLeft());
         Painting inside = painting.inside(painter, content.bounds);
-        inside.leaveFieldsOut(false);
+        inside.leaveOut(std::nullopt);
         inside.paint(content);
         return image;
     }

@@ -65,24 +65,12 @@ void Fields::removeOthers() {
             continue;
         }
         QWidget& widget = field->second->widget();
-        if (widget.isAncestorOf(host_.focusWidget()) || widget.hasFocus())
-            heirOf(field->first).setFocus();
+        if (widget.isAncestorOf(host_.focusWidget()) || widget.hasFocus()) host_.setFocus();
         widget.hide();
         // It may be the sender of the very signal that took it away.
         widget.deleteLater();
         field = fields_.erase(field);
     }
-}
-
-// Who has the focus once a field that has it is gone: after a button the one that follows, so that
-// one can go on from there.
-QWidget& Fields::heirOf(Id gone) const {
-    if (fields_.at(gone)->widget().focusPolicy() != Qt::TabFocus) return host_;
-    for (auto id = std::find(order_.begin(), order_.end(), gone); id != order_.end(); ++id) {
-        const auto same = [&](const Wanted& wish) { return wish.field->id == *id; };
-        if (std::any_of(wanted_.begin(), wanted_.end(), same)) return fields_.at(*id)->widget();
-    }
-    return host_;
 }
 
 void Fields::place(RealField& field, const QRectF& rect, const QRectF& visible,
@@ -117,6 +105,10 @@ std::optional<Id> Fields::focused() const {
 bool Fields::focusedHoldsKeys() const {
     const auto id = focused();
     return id && fields_.at(*id)->holdsKeys();
+}
+
+void Fields::commit() {
+    if (const auto id = focused()) fields_.at(*id)->commit();
 }
 
 void Fields::caretToEnd() {

@@ -23,6 +23,7 @@ class RealField {
     /// Brings it in step with its view. While it has the focus it keeps its own text.
     virtual void update(const Placed& field) = 0;
     virtual void caretToEnd() {}
+    virtual void commit() {}
     virtual bool holdsKeys() const { return false; }
 };
 
@@ -47,13 +48,15 @@ class Fields {
     /// Whether that one is there for the keys: presses beside it leave them to it.
     bool focusedHoldsKeys() const;
 
+    /// Has the focused field hand on what is half typed in it.
+    void commit();
+
     /// Moves the insertion point of the focused field, if there is one, behind its text.
     void caretToEnd();
 
  private:
     void collect(const Placed& placed, const QRectF& visible);
     void removeOthers();
-    QWidget& heirOf(Id gone) const;
     void order();
     void place(RealField& field, const QRectF& rect, const QRectF& visible, const QPoint& origin);
 

@@ -131,7 +131,7 @@ void FirstClickHostingView::paintEvent(QPaintEvent* event) {
     for (const QRect& piece : region) {
         painter.setClipRect(piece);
         Painting painting(painter, tiles_, piece);
-        painting.leaveFieldsOut(!presentation_.moving());
+        if (!presentation_.moving()) painting.leaveOut(fields_.focused());
         painting.paint(*painted_);
     }
 }

@@ -39,7 +39,8 @@ class FlowNode final : public Node {
         QPointF at;
         double lineHeight = 0;
         for (const Slot& child : children_) {
-            const QSizeF size = child.view->measure({}, env);
+            QSizeF size = child.view->measure({}, env);
+            if (size.width() > room) size = child.view->measure({room, std::nullopt}, env);
             if (at.x() > 0 && at.x() + size.width() > room + tolerance) {
                 at = {0, at.y() + lineHeight + spacing_};
                 lineHeight = 0;

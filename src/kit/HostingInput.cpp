@@ -125,6 +125,7 @@ void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
 void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressed_) return;
     const Id id = *std::exchange(pressed_, std::nullopt);
+    fields_.commit();
     const auto path = hit(placed(), inView(event->position()), takesPress);
     if (path.empty() || path.back()->id != id) return;
     // Held: what it does may build another tree.
@@ -146,13 +147,17 @@ void FirstClickHostingView::wheelEvent(QWheelEvent* event) {
     if (path.empty()) return;
     // A notch of a wheel is 120 of its units, and three lines of text.
     constexpr double pointsPerUnit = 48.0 / 120;
-    scrollTo(*path.back(), position(*path.back()) - event->angleDelta().y() * pointsPerUnit);
+    const double by = event->pixelDelta().isNull() ? event->angleDelta().y() * pointsPerUnit
+                                                   : event->pixelDelta().y();
+    scrollTo(*path.back(), position(*path.back()) - by);
 }
 
 // A field that the focus has come to is scrolled into sight.
 void FirstClickHostingView::showFocusedField() {
     const std::optional<Id> focused = fields_.focused();
-    if (focused == std::exchange(focusedField_, focused) || !focused) return;
+    if (focused == std::exchange(focusedField_, focused)) return;
+    update();  // which field shows itself
+    if (!focused) return;
     const auto path = pathTo(presentation_.target(), *focused);
     if (!path.empty()) scrollIntoSight(path, path.back()->rect);
 }

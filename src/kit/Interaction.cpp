@@ -48,6 +48,14 @@ View View::button(std::function<void()> press, PressKeys keys) const {
     return interactive(*this, "button", std::move(interaction));
 }
 
+View View::disabledButton() const {
+    Interaction interaction;
+    interaction.press = [] {};
+    interaction.keys = PressKeys::space;
+    interaction.enabled = false;
+    return interactive(*this, "disabled button", std::move(interaction));
+}
+
 View View::toggle(bool checked, std::function<void()> press) const {
     Interaction interaction;
     interaction.press = std::move(press);

@@ -27,18 +27,20 @@ struct Interaction {
     std::function<void()> press;  ///< a button, or a tap
     PressKeys keys = PressKeys::none;
     std::optional<bool> checked;  ///< of what is switched on and off by its press
+    bool enabled = true;          ///< otherwise a press does nothing
     std::string tooltip;
     /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.
     std::function<void(std::optional<QPointF>)> hover;
     std::vector<MenuItem> menu;  ///< of a secondary click
     /// Asks for another position of what can be scrolled, in points from its top.
     std::function<void(double position)> scrollTo;
-    double scrolled = 0;  ///< the position that was asked for
+    double scrolled = 0;    ///< the position that was asked for
     bool revealed = false;  ///< scrolled into sight when it appears
 };
 
 /// A line of text the user edits.
 struct TextFieldSpec {
+    std::string name;  ///< for those who cannot see what stands around; empty: the placeholder
     std::string text;
     std::string placeholder;
     std::function<void(std::string)> onEdit;
@@ -49,6 +51,7 @@ struct TextFieldSpec {
 
 /// A day the user sets.
 struct DateFieldSpec {
+    std::string name;  ///< for those who cannot see what stands around
     QDate day;
     std::function<void(QDate)> onChange;
 };

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPainter>
 #include <functional>
+#include <optional>
 
 #include "kit/Placed.h"
 #include "kit/Tiles.h"
@@ -27,14 +28,14 @@ class Painting {
     /// The rectangle with its edges moved to the nearest device pixels, so that they stay sharp.
     QRectF aligned(const QRectF& rect) const;
 
-    /// Whether text fields are left to real ones that lie over the picture.
-    void leaveFieldsOut(bool leave) { fieldsLeftOut_ = leave; }
-    bool fieldsLeftOut() const { return fieldsLeftOut_; }
+    /// The field that is left to the real one that lies over the picture.
+    void leaveOut(std::optional<Id> field) { leftOut_ = field; }
+    std::optional<Id> leftOut() const { return leftOut_; }
 
     /// A painting of the same pass onto another painter.
     Painting inside(QPainter& painter, const QRectF& clip) const {
         Painting result(painter, tiles_, clip);
-        result.fieldsLeftOut_ = fieldsLeftOut_;
+        result.leftOut_ = leftOut_;
         return result;
     }
 
@@ -55,7 +56,7 @@ class Painting {
     QPainter& painter_;
     Tiles& tiles_;
     QRectF clip_;
-    bool fieldsLeftOut_ = false;
+    std::optional<Id> leftOut_;
 };
 
 }  // namespace kit

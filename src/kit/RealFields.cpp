@@ -30,10 +30,53 @@ void dress(QWidget& widget, const Environment& environment) {
     if (palette != widget.palette()) widget.setPalette(palette);
 }
 
+/// Without the focus the tree paints the text: with an ellipsis where it is cut.
+class Line final : public QLineEdit {
+ public:
+    using QLineEdit::QLineEdit;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (hasFocus()) QLineEdit::paintEvent(event);
+    }
+};
+
+/// A day, whose digits are typed part by part.
+class Day final : public QDateEdit {
+ public:
+    explicit Day(QWidget* parent) : QDateEdit(parent) {
+        setFocusPolicy(Qt::StrongFocus);
+        lineEdit()->installEventFilter(this);
+    }
+
+    using QDateEdit::interpretText;
+
+ protected:
+    // The wheel is for what the field stands in.
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+    void paintEvent(QPaintEvent* event) override {
+        if (hasFocus()) QDateEdit::paintEvent(event);
+    }
+
+    // Between two full digits there is no room for a third: a press takes the whole part.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && !hasFocus()) return true;
+        if (event->type() == QEvent::MouseButtonRelease) {
+            const bool taken = QDateEdit::eventFilter(watched, event);
+            setSelectedSection(currentSection());
+            return taken;
+        }
+        return QDateEdit::eventFilter(watched, event);
+    }
+};
+
 class LineField final : public RealField {
  public:
-    LineField(const TextFieldSpec& wish, QWidget& host) : edit_(new QLineEdit(&host)) {
+    LineField(const TextFieldSpec& wish, QWidget& host) : edit_(new Line(&host)) {
         edit_->setFrame(false);
+        // Where the tree paints it, however it is written.
+        edit_->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);
         edit_->setText(QString::fromStdString(wish.text));
         // What the field calls back changes with every rebuild.
         QObject::connect(edit_, &QLineEdit::textEdited, edit_, [this](const QString& text) {
@@ -60,7 +103,8 @@ class LineField final : public RealField {
         if (isTheirs && text != edit_->text().trimmed()) edit_->setText(text);
         if (wish_.focusRequests > before.focusRequests) edit_->setFocus();
         edit_->setPlaceholderText(QString::fromStdString(wish_.placeholder));
-        edit_->setAccessibleName(edit_->placeholderText());
+        edit_->setAccessibleName(wish_.name.empty() ? edit_->placeholderText()
+                                                    : QString::fromStdString(wish_.name));
         dress(*edit_, field.environment);
     }
 
@@ -74,7 +118,7 @@ class LineField final : public RealField {
 
 class DateField final : public RealField {
  public:
-    explicit DateField(QWidget& host) : edit_(new QDateEdit(&host)) {
+    explicit DateField(QWidget& host) : edit_(new Day(&host)) {
         edit_->setFrame(false);
         edit_->setButtonSymbols(QAbstractSpinBox::NoButtons);
         edit_->setDisplayFormat(dateFormat());
@@ -93,11 +137,14 @@ class DateField final : public RealField {
     void update(const Placed& field) override {
         wish_ = *field.node->dateField();
         if (!edit_->hasFocus() && wish_.day != edit_->date()) edit_->setDate(wish_.day);
+        edit_->setAccessibleName(QString::fromStdString(wish_.name));
         dress(*edit_, field.environment);
     }
 
+    void commit() override { edit_->interpretText(); }
+
  private:
-    QDateEdit* edit_;
+    Day* edit_;
     DateFieldSpec wish_;
 };
 

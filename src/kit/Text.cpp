@@ -26,6 +26,17 @@ bool steersDirection(QChar character) {
            (character >= QChar(0x2066) && character <= QChar(0x2069));
 }
 
+// More marks over one letter than any language writes would cover what stands above.
+bool pilesMarks(const QString& text) {
+    constexpr int most = 2;
+    int marks = 0;
+    for (const QChar character : text) {
+        marks = character.category() == QChar::Mark_NonSpacing ? marks + 1 : 0;
+        if (marks > most) return true;
+    }
+    return false;
+}
+
 QString singleLine(std::string_view utf8) {
     const auto bytes = std::min<std::size_t>(utf8.size(), 4 * static_cast<std::size_t>(mostUnits));
     QString line = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(bytes));
@@ -48,8 +59,10 @@ class TextNode final : public Node {
             runs_.push_back({singleLine(run.text), run.font, run.colour});
         }
         said_.role = Role::text;
-        for (const Run& run : runs_)
+        for (const Run& run : runs_) {
             said_.name += run.text.toStdString();
+            isTall_ = isTall_ || pilesMarks(run.text);
+        }
     }
 
     QSizeF measure(const Proposal& proposal, const Environment& env) const override {
@@ -78,6 +91,14 @@ class TextNode final : public Node {
     }
 
     void paint(const Placed& self, Painting& painting) const override {
+        if (isTall_) {
+            painting.clipped(self.rect, [&](Painting& inside) { paintRuns(self, inside); });
+        } else {
+            paintRuns(self, painting);
+        }
+    }
+
+    void paintRuns(const Placed& self, Painting& painting) const {
         const Environment& env = self.environment;
         QPointF at(self.rect.left(), self.rect.top() + firstBaseline(self.rect.size(), env));
         at.setY(painting.aligned(QRectF(at, QSizeF(0, 0))).top());
@@ -139,6 +160,7 @@ class TextNode final : public Node {
     }
 
     std::vector<Run> runs_;
+    bool isTall_ = false;  // beyond its line
     Description said_;
 };
 

@@ -67,6 +67,8 @@ class View {
 
     // Interaction.
     View button(std::function<void()> press, PressKeys keys = {}) const;
+    /// A button that cannot be pressed now; the Tab key comes to it all the same.
+    View disabledButton() const;
     /// A button that switches something on or off, or chooses it; the Space key presses it.
     View toggle(bool checked, std::function<void()> press) const;
     /// A press anywhere on the view, without being a control of its own.

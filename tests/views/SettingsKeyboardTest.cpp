@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDateEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <set>
 
 #include "kit/FirstClickHostingView.h"
+#include "kit/OffScreen.h"
 #include "views/SettingsScene.h"
 
 namespace noonward::test {
@@ -88,7 +91,7 @@ TEST(SettingsKeyboard, ReachesEverythingAndShowsIt) {
 
 TEST(SettingsKeyboard, TypesANameWithASpaceOverATrimmedOne) {
     StillWindow window;
-    window.tabTo("Name");
+    window.tabTo("Name of London");
     auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     edit->selectAll();
     window.type("New York");
@@ -104,7 +107,9 @@ TEST(SettingsKeyboard, WorksTheListWithSpace) {
     window.tabTo("Move down");
     window.key(Qt::Key_Space, " ");
     EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore", "New York"}));
-    EXPECT_EQ(window.focusName(), "Remove") << "it can go no further down";
+    window.key(Qt::Key_Space, " ");  // it can go no further down
+    EXPECT_EQ(window.labels().size(), 3U);
+    window.tabTo("Remove");
     window.key(Qt::Key_Space, " ");
     EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore"}));
     window.tabTo("Open at login");
@@ -125,10 +130,46 @@ TEST(SettingsKeyboard, AddsOneCityAfterTheOther) {
     window.key(Qt::Key_Tab, "\t");
     window.key(Qt::Key_Space, " ");  // the sixth
     EXPECT_EQ(window.labels().back(), "Tokyo");
-    EXPECT_EQ(window.focusName(), "Open at login") << "what follows";
+    EXPECT_EQ(QApplication::focusWidget(), &window.host) << "nothing is pressed by the next Space";
     window.ui.settingsShown = true;
     window.key(Qt::Key_Return, "\r");
     EXPECT_FALSE(window.ui.settingsShown()) << "Done";
+}
+
+TEST(SettingsKeyboard, AddsTheDayThatIsShown) {
+    StillWindow window(threePlaces(), {.editing = 0});
+    window.tabTo("New day off");
+    auto* date = qobject_cast<QDateEdit*>(QApplication::focusWidget());
+    EXPECT_EQ(date->date(), QDate(2026, 3, 18));
+    window.key(Qt::Key_1, "1");  // of a day in March, half typed
+    const QPointF at = window.buttons("Add").at(0).rect.center();
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, window.host.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                          {});
+        QApplication::sendEvent(&window.host, &event);
+    }
+    EXPECT_EQ(window.world.saved().places[0].daysOff, std::vector<std::string>{"2026-03-01"});
+    EXPECT_EQ(date->text(), "01/03/2026");
+
+    QWheelEvent wheel({5, 5}, date->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(date, &wheel);
+    EXPECT_EQ(date->date(), QDate(2026, 3, 1)) << "the wheel is for the column";
+}
+
+// What a name looks like does not depend on whether its field can be typed into.
+TEST(SettingsKeyboard, NamesLookAsTheyDoInPictures) {
+    Config config = threePlaces();
+    config.places[1].label = "שלום עולם";
+    config.places[2].label = "Start" + std::string(200, 'w');
+    StillWindow window(config);
+    const QImage live = window.host.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+    kit::Tiles tiles;
+    const QImage picture = kit::paintOffScreen(window.host.placed(), 1, tiles);
+    for (const QPoint at : {QPoint(100, 180), QPoint(100, 240)}) {
+        const QRect name(at, QSize(330, 26));
+        EXPECT_EQ(live.copy(name), picture.copy(name).convertToFormat(QImage::Format_ARGB32));
+    }
 }
 
 TEST(SettingsKeyboard, ReturnIsDoneFromAFieldToo) {

@@ -254,20 +254,55 @@ TEST(Settings, DropAnswersThatComeTooLate) {
     scene->geocoder.answer(0, {place});
     EXPECT_FALSE(scene->says("Springfield")) << "a city has been added";
 
+    // Nobody is there any more but the picture of what there was.
     FakeGeocoder geocoder;
+    kit::Placed left;
     {
         const SettingsView view(scene->store, scene->ui,
                                 {.animations = scene->animations,
                                  .holidays = scene->world.holidays,
                                  .geocoder = &geocoder},
                                 {.query = "spr"});
-        const auto root = kit::layOut(view.body(Scheme::dark), rootEnvironment());
-        for (const kit::Element& element : kit::elements(root)) {
-            if (element.name.starts_with("Not in the list")) element.press();
+        left = kit::layOut(view.body(Scheme::dark), rootEnvironment());
+    }
+    for (const kit::Element& element : kit::elements(left)) {
+        if (element.name.starts_with("Not in the list")) element.press();
+    }
+    ASSERT_EQ(geocoder.asked(), Labels{"spr"});
+    geocoder.answer(0, {place});
+}
+
+TEST(Settings, OfferOnlyStepsThatCanBeTaken) {
+    struct Case {
+        std::vector<double> work;
+        std::size_t earlier;  // how many of the two can be pressed
+        std::size_t later;
+    };
+    for (const Case& each : {Case{{8, 18}, 2, 2}, Case{{0, 24}, 1, 1}, Case{{9, 9.5}, 1, 1},
+                             Case{{24, 0}, 1, 1}, Case{{22, 6}, 2, 2}}) {
+        Config config = threePlaces();
+        config.places[0].work = each.work;
+        const SettingsScene scene(config, {.editing = 0});
+        const auto offered = [&](const char* step) {
+            return scene.buttons(std::string("Start of work: half an hour ") + step).size() +
+                   scene.buttons(std::string("End of work: half an hour ") + step).size();
+        };
+        EXPECT_EQ(offered("earlier"), each.earlier) << each.work[0];
+        EXPECT_EQ(offered("later"), each.later) << each.work[0];
+    }
+}
+
+TEST(Settings, KeepWhateverIsInTheFileInsideTheColumn) {
+    Config config = threePlaces();
+    config.places[0].daysOff = {std::string(1000, 'W'), "2026-12-24", "2026-12-25"};
+    const SettingsScene scene(config, {.editing = 0});
+    for (const kit::Element& element : kit::elements(scene.placed())) {
+        if (element.rect.left() < 28 + 560) {
+            EXPECT_LE(element.rect.right(), 1168) << element.name.substr(0, 20);
+            EXPECT_GE(element.rect.left(), 28) << element.name.substr(0, 20);
         }
     }
-    geocoder.answer(0, {place});  // nobody is there any more
-    EXPECT_FALSE(scene->says("Springfield"));
+    EXPECT_EQ(scene.buttons("Thu 24 Dec").at(0).rect.left(), 28 + 12);
 }
 
 TEST(Settings, TellNamesakesApart) {

@@ -18,6 +18,7 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11Stack.h"
 #include "platform/linux/X11WindowSystem.h"
+#include "platform/linux/XlibErrors.h"
 #include "platform/linux/ZoneWatch.h"
 
 namespace noonward {
@@ -51,6 +52,7 @@ struct LinuxDesktop::Services {
 
 void LinuxDesktop::prepare() {
     SessionBus::startNone();
+    endQuietlyWithTheServer();
 }
 
 std::unique_ptr<LinuxDesktop> LinuxDesktop::connect() {

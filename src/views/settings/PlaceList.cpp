@@ -22,6 +22,8 @@ using namespace kit;
 
 namespace {
 
+using State = IconButton::State;
+
 /// One place of the list while it is built.
 struct Entry {
     std::shared_ptr<SettingsState> state;
@@ -53,7 +55,7 @@ View star(const Entry& entry) {
         .tint = isFavourite ? entry.palette.fair : entry.palette.mist,
         .size = 14,
         .tip = tip,
-        .enabled = !entry.isHome,
+        .state = entry.isHome ? State::sign : State::enabled,
         .action = entry.edits([](Store& store, int index) { store.toggleFavourite(index); }),
     });
 }
@@ -104,7 +106,10 @@ View nameField(const Entry& entry) {
             store.rename(index, std::string(unicode::trimmed(typed)));
         });
     };
-    return textField({.text = entry.row.label, .placeholder = "Name", .onEdit = rename})
+    return textField({.name = "Name of " + entry.row.label,
+                      .text = entry.row.label,
+                      .placeholder = "Name",
+                      .onEdit = rename})
         .font(hanken(15));
 }
 
@@ -125,8 +130,7 @@ View moveButton(const Entry& entry, SymbolSource symbol, const char* tip, int by
         .symbol = symbol,
         .tint = entry.palette.text,
         .tip = tip,
-        .enabled = possible,
-        .dimmed = !possible,
+        .state = possible ? State::enabled : State::disabled,
         .action = entry.rearranges([by](Store& store, int index) { store.move(index, by); }),
     });
 }
@@ -159,8 +163,7 @@ View tools(const Entry& entry) {
                       iconButton({.symbol = Symbols::minusInCircle,
                                   .tint = Velmora::red,
                                   .tip = "Remove",
-                                  .enabled = !entry.isHome,
-                                  .dimmed = entry.isHome,
+                                  .state = entry.isHome ? State::disabled : State::enabled,
                                   .action = entry.rearranges(
                                       [](Store& store, int index) { store.remove(index); })}),
                   });

@@ -17,6 +17,8 @@ using namespace kit;
 
 namespace {
 
+constexpr double dimmed = 0.3;  // the opacity of what cannot be pressed
+
 View switchPicture(const Palette& palette, bool isOn) {
     return circle()
         .fill(white)
@@ -33,15 +35,16 @@ std::string clockText(double hours) {
     return text;
 }
 
-View stepButton(const Palette& palette, const char* sign, const std::string& tip,
+View stepButton(const Palette& palette, const char* sign, const std::string& tip, bool possible,
                 std::function<void()> action) {
-    return text(sign)
-        .font(hanken(14, Weight::semibold))
-        .frame({.width = 26, .height = 26})
-        .background(chipGround(palette, 8))
-        .tooltip(tip)
-        .described({.role = Role::button, .name = tip})
-        .button(std::move(action), PressKeys::space);
+    const View face = text(sign)
+                          .font(hanken(14, Weight::semibold))
+                          .opacity(possible ? 1 : dimmed)
+                          .frame({.width = 26, .height = 26})
+                          .background(chipGround(palette, 8))
+                          .tooltip(tip)
+                          .described({.role = Role::button, .name = tip});
+    return possible ? face.button(std::move(action), PressKeys::space) : face.disabledButton();
 }
 
 }  // namespace
@@ -53,25 +56,28 @@ View labelledSwitch(const Palette& palette, View label, bool isOn,
 }
 
 View stepper(const Palette& palette, const std::string& what, double value,
-             std::function<void(double by)> action) {
-    return hstack(
-        {.spacing = 4},
-        {
-            stepButton(palette, "−", what + ": half an hour earlier", [action] { action(-0.5); }),
-            text(clockText(value)).font(hanken(14)).frame({.minWidth = 50}),
-            stepButton(palette, "+", what + ": half an hour later", [action] { action(0.5); }),
-        });
+             const std::function<bool(double by)>& can, std::function<void(double by)> action) {
+    return hstack({.spacing = 4},
+                  {
+                      stepButton(palette, "−", what + ": half an hour earlier", can(-0.5),
+                                 [action] { action(-0.5); }),
+                      text(clockText(value)).font(hanken(14)).frame({.minWidth = 50}),
+                      stepButton(palette, "+", what + ": half an hour later", can(0.5),
+                                 [action] { action(0.5); }),
+                  });
 }
 
 View iconButton(const IconButton& button) {
-    const View picture = symbol(button.symbol)
-                             .font(systemFont(button.size))
-                             .colour(button.tint)
-                             .opacity(button.dimmed ? 0.3 : 1)
-                             .frame({.width = 26, .height = 26})
-                             .tooltip(button.tip);
-    return form(button.enabled ? 1 : 0,
-                button.enabled ? picture.button(button.action, PressKeys::space) : picture);
+    using State = IconButton::State;
+    const View face = symbol(button.symbol)
+                          .font(systemFont(button.size))
+                          .colour(button.tint)
+                          .opacity(button.state == State::disabled ? dimmed : 1)
+                          .frame({.width = 26, .height = 26})
+                          .tooltip(button.tip);
+    if (button.state == State::sign) return form(0, face);
+    return form(1, button.state == State::enabled ? face.button(button.action, PressKeys::space)
+                                                  : face.disabledButton());
 }
 
 View chipGround(const Palette& palette, double radius) {

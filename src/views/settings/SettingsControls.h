@@ -14,17 +14,17 @@ kit::View labelledSwitch(const Palette& palette, kit::View label, bool isOn,
                          std::function<void(bool)> action);
 
 /// A value in hours, "08:30", between two buttons that take half an hour off and put it on. `what`
-/// names it to those who cannot see what stands around.
+/// names it to those who cannot see what stands around; `can` tells whether a step would do
+/// something.
 kit::View stepper(const Palette& palette, const std::string& what, double value,
-                  std::function<void(double by)> action);
+                  const std::function<bool(double by)>& can, std::function<void(double by)> action);
 
 struct IconButton {
     kit::SymbolSource symbol;
     kit::Colour tint;
     double size = 13;  ///< of the symbol's font
     std::string tip;
-    bool enabled = true;  ///< otherwise it cannot be pressed
-    bool dimmed = false;
+    enum class State { enabled, disabled, sign } state = State::enabled;  ///< a sign is no button
     std::function<void()> action;
 };
 

@@ -12,6 +12,7 @@ namespace noonward {
 namespace {
 
 constexpr std::size_t mostMatches = 7;
+constexpr double theEnd = 1e6;  // further down than anything
 
 // The catalogue names no regions.
 bool isSame(const City& a, const City& b) {
@@ -26,18 +27,18 @@ QDate dayOf(const Row& row, Instant at) {
 }  // namespace
 
 SettingsState::SettingsState(Store& model, NotchUI& notchUI, const Services& used,
-                             Announcer& changes, std::string typed, std::optional<int> editing)
+                             std::string typed, std::optional<int> editing)
     : store(model),
       ui(notchUI),
       services(used),
-      query(changes, std::move(typed)),
-      newDayOff(changes, dayOf(model.homeRow(), model.now())),
-      remote(changes),
-      lookingUp(changes, false),
-      loginOn(changes, used.loginItem && used.loginItem->enabled()),
-      searchFocus(changes, 0),
-      scrolled(changes, 0),
-      editing_(changes) {
+      query(changes_, std::move(typed)),
+      newDayOff(changes_, dayOf(model.homeRow(), model.now())),
+      remote(changes_),
+      lookingUp(changes_, false),
+      loginOn(changes_, used.loginItem && used.loginItem->enabled()),
+      searchFocus(changes_, 0),
+      scrolled(changes_, 0),
+      editing_(changes_) {
     if (!editing || *editing < 0) return;
     const auto index = static_cast<std::size_t>(*editing);
     if (index < identities().size()) editing_ = identities()[index];
@@ -85,7 +86,10 @@ void SettingsState::add(const City& city) {
     lookingUp = false;
     query = std::string();
     remote = std::vector<City>();
-    if (!isFull()) searchFocus = searchFocus() + 1;
+    if (isFull())
+        scrolled = theEnd;  // to what is said instead of the search
+    else
+        searchFocus = searchFocus() + 1;
 }
 
 void SettingsState::lookUp() {

@@ -34,11 +34,18 @@ class SettingsState : public std::enable_shared_from_this<SettingsState> {
         Geocoder* geocoder = nullptr;    ///< null: every look-up finds nothing
     };
 
-    /// `editing` is the index of the place whose week is open at first. `changes` announces what
-    /// views show of this state; it, store, ui and services must outlive the state.
-    SettingsState(Store& store, NotchUI& ui, const Services& services, Announcer& changes,
-                  std::string query, std::optional<int> editing);
+    /// `editing` is the index of the place whose week is open at first. Store, ui and services
+    /// must outlive the state.
+    SettingsState(Store& store, NotchUI& ui, const Services& services, std::string query,
+                  std::optional<int> editing);
 
+    /// Announces what views show of this state.
+    Announcer& changes() { return changes_; }
+
+ private:
+    Announcer changes_;
+
+ public:
     Store& store;
     NotchUI& ui;
     const Services services;

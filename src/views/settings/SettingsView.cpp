@@ -145,8 +145,8 @@ View program(const State& state, const Palette& palette) {
 
 SettingsView::SettingsView(Store& store, NotchUI& ui, const Services& services,
                            const Options& options)
-    : state_(std::make_shared<SettingsState>(store, ui, services, changes_, options.query,
-                                             options.editing)) {}
+    : state_(std::make_shared<SettingsState>(store, ui, services, options.query, options.editing)) {
+}
 
 View SettingsView::body(Scheme scheme, Backing backing) const {
     const Palette& palette = Palette::of(scheme);

@@ -26,10 +26,9 @@ class SettingsView {
     kit::View body(Scheme scheme, Backing backing = Backing::opaque) const;
 
     /// Announces when it has something else to show by itself.
-    Announcer& changes() { return changes_; }
+    Announcer& changes() { return state_->changes(); }
 
  private:
-    Announcer changes_;
     std::shared_ptr<SettingsState> state_;
 };
 

@@ -1,5 +1,6 @@
 #include "views/settings/WeekEditor.h"
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <vector>
@@ -48,9 +49,19 @@ View caption(const char* words) {
     return text(words).font(hanken(13)).frame({.width = 64, .alignment = leading});
 }
 
+// Hours stay within the day and never shrink to nothing.
+bool canNudge(const WorkHours& hours, bool start, double by) {
+    const double from = start ? hours.start : hours.end;
+    const double to = std::clamp(from + by, 0.0, 24.0);
+    return to != from && to != (start ? hours.end : hours.start);
+}
+
 View hoursLine(const Editor& editor) {
     const auto step = [&](bool start, const char* what, double value) {
-        return stepper(editor.palette, what, value,
+        const auto can = [&editor, start](double by) {
+            return canNudge(editor.row.work, start, by);
+        };
+        return stepper(editor.palette, what, value, can,
                        [state = editor.state, place = editor.place, start](double by) {
                            state->edit(place, [start, by](Store& store, int index) {
                                store.nudgeWork(index, start, by);
@@ -154,7 +165,8 @@ View newDayOff(const Editor& editor) {
     };
     return hstack({.spacing = 8},
                   {
-                      dateField({.day = state->newDayOff(),
+                      dateField({.name = "New day off",
+                                 .day = state->newDayOff(),
                                  .onChange = [state](QDate day) { state->newDayOff = day; }})
                           .font(hanken(13))
                           .padding({.horizontal = 10, .vertical = 5})

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace noonward {
+
+/// Has the program end without a word when the X server goes: what must be kept is on disk by then.
+/// Before the first connection.
+void endQuietlyWithTheServer();
+
+}  // namespace noonward
