@@ -73,10 +73,11 @@ int run(int argc, char** argv, int openings) {
     NoZoneChanges zoneChanges;
     Planner planner(real.timer, zoneChanges, nullptr, ConfigFile::Access::readOnly);
     GazetteerGeocoder geocoder([&queue](auto work) { queue.post(std::move(work)); });
-    AppDelegate delegate(planner.store, planner.ui, geocoder,
-                         Desktop{queue, real.timer, real.screens, real.pointer, real.windows,
-                                 real.presses, real.keyboard, real.hotKeys, real.session,
-                                 real.appearance, real.pasteboard, real.feedback, real.loginItem});
+    AppDelegate delegate(
+        planner, geocoder,
+        Desktop{queue, real.timer, real.screens, real.pointer, real.windows, real.presses,
+                real.keyboard, real.hotKeys, real.session, real.appearance, real.pasteboard,
+                real.feedback, real.loginItem, real.zoneChanges, real.clockChanges});
     queue.run();
     // Caches fill first.
     for (int i = 0; i < openings / 10; ++i)

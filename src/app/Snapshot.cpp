@@ -31,11 +31,11 @@ View inMargins(const View& notch) {
 
 void write(const std::string& path, const View& view) {
     const QByteArray data = render(view);
-    std::error_code error;
+    if (data.isEmpty()) return;
     // Into a pipe one would write for ever.
-    if (data.isEmpty() ||
-        std::filesystem::exists(path, error) == !std::filesystem::is_regular_file(path, error))
-        return;
+    std::error_code error;
+    namespace fs = std::filesystem;
+    if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
     std::ofstream(path, std::ios::binary | std::ios::trunc).write(data.data(), data.size());
 }
 

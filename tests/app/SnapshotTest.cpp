@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QImage>
 #include <QProcess>
@@ -188,6 +189,8 @@ TEST_F(Snapshot, QuitsWhateverItIsGiven) {
     EXPECT_EQ(run({{"NOONWARD_WELCOME", ""}}), 0);
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", ""}}), 0);
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", "/nowhere/at/all.png"}}), 0);
+    EXPECT_EQ(::mkfifo(picture("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(run({{"NOONWARD_WELCOME", picture("pipe")}}), 0);
     EXPECT_EQ(said_, "");
     writeText(config(), "{\"places\": [[[");
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("a.png")},
