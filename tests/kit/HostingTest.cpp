@@ -10,7 +10,7 @@
 #include <QWheelEvent>
 
 #include "kit/Accessibility.h"
-#include "kit/FirstClickHostingView.h"
+#include "kit/HostingWindow.h"
 #include "kit/Scroll.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
@@ -19,43 +19,6 @@
 
 namespace kit {
 namespace {
-
-const Environment environment{.font = systemFont(13), .colour = black};
-
-View box(double width, double height) {
-    return rectangle().fill(black).frame({.width = width, .height = height});
-}
-
-// A window that shows `body`, as large as that wants to be.
-class Window {
- public:
-    explicit Window(FirstClickHostingView::Body body)
-        : view(animations, environment, std::move(body)) {
-        view.setFocus();
-        view.resize(view.fittingSize().toSize());
-        view.show();
-        QApplication::setActiveWindow(&view);
-    }
-
-    void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button = Qt::LeftButton) {
-        QMouseEvent event(type, at, view.mapToGlobal(at), button,
-                          type == QEvent::MouseMove ? Qt::MouseButtons() : button, Qt::NoModifier);
-        QApplication::sendEvent(&view, &event);
-    }
-    void click(QPointF at) {
-        mouse(QEvent::MouseButtonPress, at);
-        mouse(QEvent::MouseButtonRelease, at);
-    }
-    void key(int code, const QString& text) {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, code, Qt::NoModifier, text);
-            QApplication::sendEvent(QApplication::focusWidget(), &event);
-        }
-    }
-
-    Animations animations;
-    FirstClickHostingView view;
-};
 
 TEST(Hosting, AButtonIsPressedWhereItIsReleased) {
     int presses = 0;
@@ -348,109 +311,6 @@ TEST(Hosting, ScreenReadersSeeEveryButtonAndText) {
     EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
     EXPECT_EQ(view->childCount(), 2);
     QAccessible::setActive(false);
-}
-
-// Two buttons, a field between them and one that Return presses; the first two change places.
-struct KeyboardScene {
-    View body() {
-        const auto press = [this](const char* name) {
-            return [this, name] { pressed.emplace_back(name); };
-        };
-        const auto field = textField({.text = typed,
-                                      .placeholder = "City",
-                                      .onEdit = [this](std::string text) { typed = text; },
-                                      .focusRequests = focusRequests});
-        return hstack({.spacing = 10},
-                      {
-                          forEach(
-                              order, [](char name) { return name; },
-                              [&](char name) {
-                                  return box(20, 20).button(press(name == 'a' ? "a" : "b"),
-                                                            PressKeys::space);
-                              }),
-                          when(hasField, [&] { return field; }),
-                          box(20, 20).toggle(true, press("toggle")),
-                          box(20, 20).button(press("pointer only")),
-                          box(20, 20).button(press("default"), PressKeys::spaceAndReturn),
-                      });
-    }
-
-    std::vector<char> order{'a', 'b'};
-    bool hasField = true;
-    unsigned focusRequests = 0;
-    std::string typed;
-    std::vector<std::string> pressed;
-};
-
-using Names = std::vector<std::string>;
-
-TEST(Hosting, KeysReachEveryControl) {
-    KeyboardScene scene;
-    Window window([&] { return scene.body(); });
-    const auto tab = [&] { window.key(Qt::Key_Tab, "\t"); };
-    const auto space = [&] { window.key(Qt::Key_Space, " "); };
-    for (int step = 0; step < 6; ++step) {
-        tab();
-        space();
-    }
-    EXPECT_EQ(scene.pressed, (Names{"a", "b", "toggle", "default", "a"}));
-    EXPECT_EQ(scene.typed, " ");
-
-    scene.pressed.clear();
-    scene.order = {'b', 'a'};  // the focus goes with its button
-    window.view.invalidate();
-    window.view.refresh();
-    space();
-    tab();
-    window.key(Qt::Key_Return, "\r");  // from the field as well
-    tab();
-    window.key(Qt::Key_Return, "\r");
-    space();
-    EXPECT_EQ(scene.pressed, (Names{"a", "default", "default", "toggle"}));
-}
-
-TEST(Hosting, TheFocusIsSeenAndOutlivesWhatHadIt) {
-    KeyboardScene scene;
-    Window window([&] { return scene.body(); });
-    QApplication::processEvents();
-    const QImage before = window.view.grab().toImage();
-    window.key(Qt::Key_Tab, "\t");
-    QApplication::processEvents();
-    EXPECT_NE(window.view.grab().toImage(), before);
-    // The pointer works through what shows the focus, and leaves the focus alone.
-    QWidget* focused = QApplication::focusWidget();
-    window.click({10, 10});
-    EXPECT_EQ(scene.pressed, Names{"a"});
-    EXPECT_EQ(QApplication::focusWidget(), focused);
-
-    scene.order = {'b'};
-    window.view.invalidate();
-    window.view.refresh();
-    window.key(Qt::Key_Return, "\r");
-    EXPECT_EQ(scene.pressed.back(), "default");
-}
-
-TEST(Hosting, AFieldTakesTheFocusAndTheTextThatTheModelGivesIt) {
-    KeyboardScene scene;
-    Window window([&] { return scene.body(); });
-    const auto rebuild = [&] {
-        window.view.invalidate();
-        window.view.refresh();
-    };
-    ++scene.focusRequests;
-    rebuild();
-    auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    ASSERT_NE(edit, nullptr);
-    window.key(Qt::Key_K, "K");
-    window.key(Qt::Key_Space, " ");
-    EXPECT_EQ(scene.typed, "K ");
-    scene.typed = "K";  // as a model does that trims
-    rebuild();
-    EXPECT_EQ(edit->text(), "K ");
-    scene.typed.clear();
-    rebuild();
-    EXPECT_EQ(edit->text(), "");
-    EXPECT_TRUE(edit->hasFocus());
 }
 
 }  // namespace

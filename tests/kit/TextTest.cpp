@@ -120,6 +120,24 @@ TEST(Symbols, AreDrawnInTheColourAround) {
     }
 }
 
+// What piles up over one letter stays in its line; what languages write is whole.
+TEST(Text, KeepsPiledMarksInItsLine) {
+    const Font font = hanken(14);
+    const auto inkOf = [&](const std::string& line) {
+        const double margin = 60;
+        const View view = text(line).font(font).padding({.horizontal = margin, .vertical = margin});
+        Tiles tiles;
+        return inked(paintOffScreen(layOut(view, environment), 2, tiles));
+    };
+    std::string pile = "Z";
+    for (int mark = 0; mark < 60; ++mark)
+        pile += "\u0302";
+    const int top = 120;  // of the line, in pixels
+    EXPECT_GE(inkOf(pile).top(), top);
+    EXPECT_LT(inkOf(pile).bottom(), top + 2 * metrics(font).lineHeight);
+    EXPECT_LT(inkOf("Ẫ").top(), inkOf("A").top());
+}
+
 std::vector<std::string> linesOf(const Placed& root) {
     std::vector<std::string> lines;
     walk(root, [&](const Placed& placed) {
