@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "base/Unicode.h"
@@ -156,17 +157,42 @@ std::optional<GazetteerArea> areaOf(const GazetteerLine& line, std::string_view 
     return area && area->number == line.area ? area : std::nullopt;
 }
 
+/// The areas that a qualifier allows, each worked out once.
+class Allowed {
+ public:
+    Allowed(Qualifier qualifier, std::string_view areas)
+        : qualifier_(std::move(qualifier)), areas_(areas) {}
+
+    /// The area of a line, if it is allowed.
+    const std::optional<GazetteerArea>& of(const GazetteerLine& line) {
+        const auto [known, isNew] = byNumber_.try_emplace(line.area);
+        if (isNew) {
+            known->second = areaOf(line, areas_);
+            if (known->second && !qualifier_.matches(*known->second)) known->second.reset();
+        }
+        return known->second;
+    }
+
+ private:
+    Qualifier qualifier_;
+    std::string_view areas_;
+    std::unordered_map<decltype(GazetteerLine::area), std::optional<GazetteerArea>> byNumber_;
+};
+
 std::string_view between(const char* begin, const char* end) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 enum class Match { beginning, whole };
 
+constexpr std::size_t leastQualified = 3;  // bytes
+
 std::vector<Placemark> find(const Gazetteer& gazetteer, const std::string& key, Match match,
                             Qualifier qualifier) {
     if (key.empty()) return {};
     const std::string_view table = gazetteer.places();
     Best best;
+    Allowed allowed(std::move(qualifier), gazetteer.areas());
     for (std::size_t place = firstLineNotBefore(table, key); place < table.size();) {
         const std::string_view text = lineAt(table, place);
         if (!begins(text, key)) break;
@@ -176,8 +202,8 @@ std::vector<Placemark> find(const Gazetteer& gazetteer, const std::string& key, 
         if (match == Match::whole && line->key != key) break;  // longer keys come after it
         const std::uint64_t score = scoreOf(*line, key);
         if (!best.takes(score)) continue;
-        const auto area = areaOf(*line, gazetteer.areas());
-        if (area && qualifier.matches(*area)) best.add({*line, *area, score});
+        const auto& area = allowed.of(*line);
+        if (area) best.add({*line, *area, score});
     }
     std::vector<Placemark> placemarks;
     for (const auto& place : best.places())
@@ -197,7 +223,10 @@ std::vector<Placemark> Gazetteer::search(std::string_view typed) const {
     if (typed.size() > longestText) return {};
     if (const auto comma = typed.find(','); comma != std::string_view::npos) {
         const Qualifier after(placeKey(typed.substr(comma + 1)));
-        auto found = find(*this, placeKey(typed.substr(0, comma)), Match::beginning, after);
+        const std::string name = placeKey(typed.substr(0, comma));
+        // Behind one or two letters a qualifier does not tell which of thousands is meant.
+        const Match match = name.size() < leastQualified ? Match::whole : Match::beginning;
+        auto found = find(*this, name, match, after);
         if (!found.empty()) return found;
     }
     const std::string key = placeKey(typed);
