@@ -59,8 +59,9 @@ TEST_F(NewUserStory, FromAnEmptyHomeFolderToAMeeting) {
     hand.type("milwaukee");  // the field has the keys again
     hand.key("Tab");
     hand.key(" ");  // look it up
-    see("a city found",
-        [this] { return sight.isBright(QRect(in(44, result(1, 3) - 5), QSize(11, 10)), 50); });
+    // It, South Milwaukee, and the offer to look further: nothing else is ever so far down.
+    see("cities found",
+        [this] { return sight.isBright(QRect(in(44, result(2, 3) - 5), QSize(11, 10)), 50); });
     hand.key("Tab");
     hand.key(" ");
     seePlaces({here, "London", "Nairobi", "Milwaukee"});
