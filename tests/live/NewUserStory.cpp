@@ -38,6 +38,8 @@ class NewUserStory : public Desktop {
 
 TEST_F(NewUserStory, FromAnEmptyHomeFolderToAMeeting) {
     std::filesystem::remove_all(folder / "data");
+    // The click is on: the sound library's driver keeps what it has allocated, and is unloaded.
+    announced["ASAN_OPTIONS"] = "detect_leaks=0";
     launch();
     see("the welcome", [this] { return isPanelSeen(); });
     hand.key("Tab");
