@@ -49,10 +49,9 @@ kit::View PanelHost::content(Scheme scheme, Backing backing) const {
     if (ui_.welcomeShown()) return form(Form::welcome, welcome_.body(scheme, backing));
     if (!ui_.settingsShown()) return form(Form::ribbon, ribbon_.body(scheme, backing));
     // Each time it is shown it is a new one, however short it was away.
-    if (!settings_ || settingsShowing_ != showing_) {
+    if (!settings_) {
         settings_.emplace(store_, ui_, services_, SettingsView::Options{});
         settingsWatch_ = settings_->changes().subscribe([this] { changes_.announce(); });
-        settingsShowing_ = showing_;
     }
     return form(Form::settings + showing_, settings_->body(scheme, backing));
 }

@@ -31,9 +31,8 @@ class PanelHost {
     NotchUI& ui_;
     SettingsView::Services services_;
     WelcomeView welcome_;
-    mutable std::optional<SettingsView> settings_;  // of the latest showing
-    mutable unsigned settingsShowing_ = 0;          // which of them that is
-    unsigned showing_ = 0;
+    mutable std::optional<SettingsView> settings_;  // of this showing
+    unsigned showing_ = 0;                          // which of them it is
     RibbonPanel ribbon_;
     Subscription showings_;
     Subscription ribbonWatch_;

@@ -77,6 +77,7 @@ void FirstClickHostingView::takeUp(const std::optional<Curve>& curve) {
     present();
     if (onResized && presentation_.target().rect.size() != before) onResized();
     if (onRebuilt) onRebuilt();
+    forgetLostPositions();
     showAppeared();
     // What lies under a resting pointer may be something else now.
     if (pointer_) hoverAt(pointer_);

@@ -87,6 +87,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
     void showFocusedField();
+    void forgetLostPositions();
     void showAppeared();
     void hoverAt(const std::optional<QPointF>& point);
     void popUp(const std::vector<MenuItem>& items, const QPoint& at);

@@ -162,9 +162,8 @@ void FirstClickHostingView::showFocusedField() {
     if (!path.empty()) scrollIntoSight(path, path.back()->rect);
 }
 
-// What has appeared together is shown together. A position that there is no room for any more is
-// given up: it must not come back when the content grows.
-void FirstClickHostingView::showAppeared() {
+// A position that there is no room for any more must not come back when the content grows.
+void FirstClickHostingView::forgetLostPositions() {
     walk(presentation_.target(), [](const Placed& placed) {
         if (!scrolls(placed)) return;
         const double most = mostPosition(placed);
@@ -172,6 +171,10 @@ void FirstClickHostingView::showAppeared() {
         const auto scroll = placed.node->interaction()->scrollTo;
         scroll(most);
     });
+}
+
+// What has appeared together is shown together.
+void FirstClickHostingView::showAppeared() {
     std::set<Id> now;
     std::optional<Id> first;
     QRectF appeared;

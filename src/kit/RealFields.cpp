@@ -49,8 +49,6 @@ class Day final : public QDateEdit {
         lineEdit()->installEventFilter(this);
     }
 
-    using QDateEdit::interpretText;
-
  protected:
     // The wheel is for what the field stands in.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }

@@ -105,15 +105,20 @@ Edited toggleFavourite(Config config, int index) {
     return config;
 }
 
+WorkHours nudged(const WorkHours& hours, bool start, double by) {
+    WorkHours result = hours;
+    double& edge = start ? result.start : result.end;
+    edge = std::min(std::max(0.0, edge + by), longestDay);
+    return result.start == result.end ? hours : result;
+}
+
 Edited nudgeWork(Config config, int index, bool start, double by) {
     if (!exists(config, index)) return std::nullopt;
     Place& place = placeAt(config, index);
-    WorkHours work = workHours(place);
-    double& edge = start ? work.start : work.end;
-    edge = std::min(std::max(0.0, edge + by), longestDay);
+    const WorkHours work = nudged(workHours(place), start, by);
     if (work == WorkHours()) {
         place.work.reset();
-    } else if (work.start != work.end) {
+    } else {
         place.work = {work.start, work.end};
     }
     return config;

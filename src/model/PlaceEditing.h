@@ -4,6 +4,7 @@
 #include <string>
 
 #include "config/Config.h"
+#include "model/Row.h"
 #include "reference/City.h"
 #include "time/TimeZone.h"
 
@@ -37,8 +38,11 @@ Edited setHome(Config config, int index);
 /// With a place as the one favourite beside home, or without it. Home is always one.
 Edited toggleFavourite(Config config, int index);
 
-/// With the start or the end of the working hours moved, kept within 0 to 24. Hours that would
-/// shrink to nothing stay as they are.
+/// Working hours with their start or end moved by so many hours, kept within 0 to 24. Hours that
+/// would shrink to nothing stay as they are.
+WorkHours nudged(const WorkHours& hours, bool start, double by);
+
+/// With a place's working hours nudged.
 Edited nudgeWork(Config config, int index, bool start, double by);
 
 /// With one working weekday (1 = Sunday … 7 = Saturday) more or fewer than the place has. `here` is

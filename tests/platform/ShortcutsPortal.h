@@ -8,7 +8,7 @@
 #include <QDBusVirtualObject>
 #include <vector>
 
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 #include "support/Wait.h"
 
 namespace noonward::test::shortcuts {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <cstdio>
 
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 #include "support/ServerProcess.h"
 
 namespace {

@@ -10,6 +10,7 @@
 #include "kit/OffScreen.h"
 #include "views/Finding.h"
 #include "views/NotchUI.h"
+#include "views/Picture.h"
 
 // Positions and colours read back from the welcome, against the design's own numbers.
 
@@ -112,96 +113,50 @@ TEST(WelcomeView, SaysItWordForWord) {
     EXPECT_EQ(said, expected);
 }
 
-QColor over(QColor top, double opacity, QColor below) {
-    const auto mix = [&](int a, int b) {
-        return static_cast<int>(std::lround(a * opacity + b * (1 - opacity)));
-    };
-    return {mix(top.red(), below.red()), mix(top.green(), below.green()),
-            mix(top.blue(), below.blue())};
-}
+constexpr Rgb white = hex(0xFFFFFF);
+constexpr double rounded = 2;  // where one colour lies over another, each of the two is
 
 struct Colours {
-    Scheme scheme;
-    QColor tint, chip, outline, button, symbol, mist;
+    Rgb tint, chip, outline, button, symbol, mist;
 };
 
 Colours coloursOf(Scheme scheme) {
-    const QColor white(255, 255, 255);
-    const QColor navy(0x00, 0x41, 0x65);
-    const QColor teal(0x00, 0x94, 0xB3);
+    const Rgb navy = hex(0x004165);
+    const Rgb teal = hex(0x0094B3);
     if (scheme == Scheme::dark) {
-        const QColor tint(0x08, 0x1E, 0x32);
-        const QColor chip = over(white, 0.1, tint);
-        return {scheme,
-                tint,
-                chip,
-                over(white, 0.18, chip),
-                over(teal, 0.7, tint),
-                {0x3E, 0xC5, 0xE4},
-                {0xC3, 0xD0, 0xDC}};
+        const Rgb tint = hex(0x081E32);
+        const Rgb chip = over(white, 0.1, tint);
+        return {tint,          chip,         over(white, 0.18, chip), over(teal, 0.7, tint),
+                hex(0x3EC5E4), hex(0xC3D0DC)};
     }
-    const QColor tint(0xF5, 0xF8, 0xFB);
-    const QColor chip = over(navy, 0.05, tint);
-    return {
-        scheme, tint, chip, over(navy, 0.12, chip), {0x00, 0x7C, 0x97}, teal, {0x5A, 0x62, 0x70}};
+    const Rgb tint = hex(0xF5F8FB);
+    const Rgb chip = over(navy, 0.05, tint);
+    return {tint, chip, over(navy, 0.12, chip), hex(0x007C97), teal, hex(0x5A6270)};
 }
 
-class Picture {
- public:
-    explicit Picture(const Welcome& welcome) {
-        kit::Tiles tiles;
-        image_ = kit::paintOffScreen(welcome.placed(), 2, tiles);
-    }
-
-    QColor at(double x, double y) const { return image_.pixelColor(pixel(x), pixel(y)); }
-
-    testing::AssertionResult shows(const QColor& wanted, double x, double y) const {
-        // Where one colour lies over another, each of the two is rounded.
-        if (near(at(x, y), wanted, 2)) return testing::AssertionSuccess();
-        return testing::AssertionFailure()
-               << "at " << x << ", " << y << " found " << at(x, y).name().toStdString()
-               << ", wanted " << wanted.name().toStdString();
-    }
-
-    /// Whether a colour comes in a part of the picture.
-    bool has(const QColor& wanted, const QRectF& part) const {
-        for (int y = pixel(part.top()); y < pixel(part.bottom()); ++y) {
-            for (int x = pixel(part.left()); x < pixel(part.right()); ++x) {
-                if (near(image_.pixelColor(x, y), wanted, 6)) return true;
-            }
-        }
-        return false;
-    }
-
- private:
-    static int pixel(double points) { return static_cast<int>(std::floor(points * 2)); }
-    static bool near(const QColor& a, const QColor& b, int tolerance) {
-        return a.alpha() == 255 && std::abs(a.red() - b.red()) <= tolerance &&
-               std::abs(a.green() - b.green()) <= tolerance &&
-               std::abs(a.blue() - b.blue()) <= tolerance;
-    }
-
-    QImage image_;
-};
+Picture pictureOf(const Welcome& welcome) {
+    kit::Tiles tiles;
+    return Picture(kit::paintOffScreen(welcome.placed(), 2, tiles));
+}
 
 TEST(WelcomeView, IsPaintedInItsColours) {
     const Design design;
     for (const Scheme scheme : {Scheme::dark, Scheme::light}) {
         const Welcome welcome{.scheme = scheme};
         const Colours colours = coloursOf(scheme);
-        const Picture picture(welcome);
-        EXPECT_TRUE(picture.shows(colours.tint, 10, design.height / 2));
+        const Picture picture = pictureOf(welcome);
+        EXPECT_TRUE(picture.is(10, design.height / 2, colours.tint, rounded));
         // It hangs: square above, round below.
-        EXPECT_EQ(picture.at(0.5, 0.5).alpha(), 255);
-        EXPECT_EQ(picture.at(0.5, design.height - 0.5).alpha(), 0);
+        EXPECT_EQ(picture.alpha(0.5, 0.5), 255);
+        EXPECT_EQ(picture.alpha(0.5, design.height - 0.5), 0);
 
         for (int step = 0; step < 3; ++step) {
             const double top = design.step + step * (design.stepHeight + 22);
-            EXPECT_TRUE(picture.shows(colours.tint, 32.5, top + 0.5)) << "a rounded corner";
-            EXPECT_TRUE(picture.shows(colours.chip, 33.5, top + 15));
-            EXPECT_TRUE(picture.shows(colours.chip, 60.5, top + 15));
-            EXPECT_TRUE(picture.shows(colours.tint, 63, top + 15));
-            EXPECT_TRUE(picture.shows(colours.tint, 47, top + 31));
+            EXPECT_TRUE(picture.is(32.5, top + 0.5, colours.tint, rounded)) << "a rounded corner";
+            EXPECT_TRUE(picture.is(33.5, top + 15, colours.chip, rounded));
+            EXPECT_TRUE(picture.is(60.5, top + 15, colours.chip, rounded));
+            EXPECT_TRUE(picture.is(63, top + 15, colours.tint, rounded));
+            EXPECT_TRUE(picture.is(47, top + 31, colours.tint, rounded));
             EXPECT_TRUE(picture.has(colours.symbol, {38, top + 6, 18, 18})) << step;
             EXPECT_TRUE(
                 picture.has(colours.mist, {76, top + lineHeight(16) + 3, 200, lineHeight(14)}));
@@ -210,14 +165,14 @@ TEST(WelcomeView, IsPaintedInItsColours) {
         const QRectF choose = buttonSaying(root, "Choose my places")->rect;
         const QRectF gotIt = buttonSaying(root, "Got it")->rect;
         const double middle = choose.center().y();
-        EXPECT_TRUE(picture.shows(colours.outline, choose.center().x(), choose.top() + 0.25));
-        EXPECT_TRUE(picture.shows(colours.outline, choose.left() + 0.25, middle));
-        EXPECT_TRUE(picture.shows(colours.chip, choose.left() + 2, middle));
-        EXPECT_TRUE(picture.shows(colours.tint, choose.left() + 0.5, choose.top() + 0.5));
-        EXPECT_TRUE(picture.shows(colours.button, gotIt.left() + 2, middle));
-        EXPECT_TRUE(picture.shows(colours.button, gotIt.center().x(), gotIt.top() + 0.5));
-        EXPECT_TRUE(picture.shows(colours.tint, gotIt.right() - 0.5, gotIt.top() + 0.5));
-        EXPECT_TRUE(picture.has(QColor(255, 255, 255), gotIt));
+        EXPECT_TRUE(picture.is(choose.center().x(), choose.top() + 0.25, colours.outline, rounded));
+        EXPECT_TRUE(picture.is(choose.left() + 0.25, middle, colours.outline, rounded));
+        EXPECT_TRUE(picture.is(choose.left() + 2, middle, colours.chip, rounded));
+        EXPECT_TRUE(picture.is(choose.left() + 0.5, choose.top() + 0.5, colours.tint, rounded));
+        EXPECT_TRUE(picture.is(gotIt.left() + 2, middle, colours.button, rounded));
+        EXPECT_TRUE(picture.is(gotIt.center().x(), gotIt.top() + 0.5, colours.button, rounded));
+        EXPECT_TRUE(picture.is(gotIt.right() - 0.5, gotIt.top() + 0.5, colours.tint, rounded));
+        EXPECT_TRUE(picture.has(white, gotIt));
     }
 }
 

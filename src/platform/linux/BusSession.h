@@ -4,7 +4,7 @@
 
 #include "platform/Session.h"
 #include "platform/linux/EndSignals.h"
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 namespace noonward {
 

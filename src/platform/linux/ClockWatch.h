@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "platform/ClockChanges.h"
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 namespace noonward {
 

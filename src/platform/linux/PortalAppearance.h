@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/Appearance.h"
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 namespace noonward {
 

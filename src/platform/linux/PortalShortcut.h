@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 namespace noonward {
 

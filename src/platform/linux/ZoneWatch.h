@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "platform/linux/FolderWatch.h"
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 #include "time/ZoneChanges.h"
 
 namespace noonward {

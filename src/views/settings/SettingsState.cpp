@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t mostMatches = 7;
 constexpr double theEnd = 1e6;  // further down than anything
+const kit::Curve rearrangement = kit::spring(0.3, 0.8);
 
 // The catalogue names no regions.
 bool isSame(const City& a, const City& b) {
@@ -59,7 +60,7 @@ void SettingsState::edit(PlaceIdentity place, const Edit& change) const {
 }
 
 void SettingsState::rearrange(PlaceIdentity place, const Edit& change) const {
-    services.animations.withAnimation(kit::spring(0.3, 0.8), [&] { edit(place, change); });
+    services.animations.withAnimation(rearrangement, [&] { edit(place, change); });
 }
 
 std::vector<City> SettingsState::matches() const {
@@ -81,7 +82,7 @@ bool SettingsState::isFull() const {
 }
 
 void SettingsState::add(const City& city) {
-    services.animations.withAnimation(kit::spring(0.3, 0.8), [&] { store.add(city); });
+    services.animations.withAnimation(rearrangement, [&] { store.add(city); });
     ++lookUps_;
     lookingUp = false;
     query = std::string();

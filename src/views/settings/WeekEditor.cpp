@@ -1,6 +1,5 @@
 #include "views/settings/WeekEditor.h"
 
-#include <algorithm>
 #include <array>
 #include <functional>
 #include <vector>
@@ -13,6 +12,7 @@
 #include "kit/Symbol.h"
 #include "kit/Text.h"
 #include "kit/TextField.h"
+#include "model/PlaceEditing.h"
 #include "model/Texts.h"
 #include "model/Weekdays.h"
 #include "reference/Country.h"
@@ -49,17 +49,10 @@ View caption(const char* words) {
     return text(words).font(hanken(13)).frame({.width = 64, .alignment = leading});
 }
 
-// Hours stay within the day and never shrink to nothing.
-bool canNudge(const WorkHours& hours, bool start, double by) {
-    const double from = start ? hours.start : hours.end;
-    const double to = std::clamp(from + by, 0.0, 24.0);
-    return to != from && to != (start ? hours.end : hours.start);
-}
-
 View hoursLine(const Editor& editor) {
     const auto step = [&](bool start, const char* what, double value) {
         const auto can = [&editor, start](double by) {
-            return canNudge(editor.row.work, start, by);
+            return editing::nudged(editor.row.work, start, by) != editor.row.work;
         };
         return stepper(editor.palette, what, value, can,
                        [state = editor.state, place = editor.place, start](double by) {

@@ -1,4 +1,4 @@
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 #include <QFileInfo>
 
