@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Installs the Debian 12 packages that are missing; says nothing and asks nothing when none is.
+# Installs the Debian 12 packages that are missing of those that building and testing need, or of
+# another list; says nothing and asks nothing when none is.
 set -euo pipefail
 
-packages="$(dirname "$(readlink -f "$0")")/packages.txt"
+packages="${1:-$(dirname "$(readlink -f "$0")")/packages.txt}"
 mapfile -t wanted < <(grep -v '^#' "$packages")
 installed=$(dpkg-query -W -f '${db:Status-Abbrev}${binary:Package}\n' "${wanted[@]}" 2>/dev/null |
     sed -n 's/^ii *//p' | sed 's/:.*//' || true)
