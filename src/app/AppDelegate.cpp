@@ -6,7 +6,6 @@
 #include <QWindow>
 
 #include "app/Render.h"
-#include "kit/Accessibility.h"
 #include "model/Store.h"
 #include "platform/Appearance.h"
 #include "platform/ClockChanges.h"
@@ -50,10 +49,13 @@ AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& de
                   .geocoder = &geocoder},
                  [this] { copying_.copyInvite(); }),
       cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
-           {.level = WindowSystem::Level::cap, .outlined = true}),
+           {.level = WindowSystem::Level::cap,
+            .title = QStringLiteral("Noonward at the notch"),
+            .outlined = true}),
       panel_(desktop.windows,
              hosting(animations_, [this] { return panelHost_.body(scheme(), backing_); }),
              {.level = WindowSystem::Level::panel,
+              .title = QStringLiteral("Noonward"),
               .shadow = shadowRoom(),
               .blurred = panelOutline,
               .onShow =
@@ -75,7 +77,6 @@ AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& de
       hotkey_(desktop.hotKeys, keyT, HotKeys::control | HotKeys::option, toggleKey,
               [this] { togglePanel(); }),
       hover_(windows_, ui_, desktop.pointer, desktop.timer) {
-    kit::installAccessibility();
     animations_.setEnabled(desktop_.appearance.animations());
     wireCallbacks();
     watchModel();
@@ -178,9 +179,11 @@ Scheme AppDelegate::scheme() const {
 }
 
 // Keys are seen as they come to the window, before it hands them to a view; the mouse as it comes
-// to the view.
+// to the view. What a key or a click has changed is there, field by field, before the next one is
+// handed to anything, however soon it follows.
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (watched == panel_.windowHandle()) {
+        if (event->type() == QEvent::MouseButtonPress) panel_.content().refresh();
         return event->type() == QEvent::KeyPress && keyMonitor(*event);
     }
     switch (event->type()) {
@@ -197,7 +200,6 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
 bool AppDelegate::keyMonitor(QEvent& event) {
     // A menu of ours, such as a text field's, has the keys to itself.
     if (!panel_.visible() || QApplication::activePopupWidget()) return false;
-    // The key before this one may have opened a text field: it is there before this one goes on.
     panel_.content().refresh();
     return keys_.handleKey(desktop_.keyboard.read(static_cast<QKeyEvent&>(event)));
 }

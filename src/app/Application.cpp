@@ -11,6 +11,7 @@
 #include "app/Notch.h"
 #include "app/Planner.h"
 #include "app/Snapshot.h"
+#include "kit/Accessibility.h"
 #include "platform/HttpsClient.h"
 #include "platform/MainQueue.h"
 #include "platform/QtScreens.h"
@@ -77,6 +78,7 @@ int live(char** argv) {
     int noArguments = argv[0] ? 1 : 0;
     const QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    kit::installAccessibility();
     const auto linuxDesktop = LinuxDesktop::connect();
     if (!linuxDesktop) return 1;
     const Desktop desktop = linuxDesktop->services();

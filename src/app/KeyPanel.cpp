@@ -11,6 +11,9 @@ KeyPanel::KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHosting
     : windows_(windows), content_(content.release()), options_(std::move(options)) {
     content_->setParent(this);
     setAttribute(Qt::WA_AlwaysShowToolTips);
+    // Nobody sees a title, but screen readers say it.
+    setWindowTitle(options_.title);
+    content_->setAccessibleName(options_.title);
     windows_.adopt(*this, options_.level);
     setFocusProxy(content_);
     content_->onFrame = [this] { followFrame(); };

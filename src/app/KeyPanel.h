@@ -17,6 +17,7 @@ class KeyPanel final : public QWidget, public Window {
  public:
     struct Options {
         WindowSystem::Level level = WindowSystem::Level::panel;
+        QString title;
         QMargins shadow;  ///< room that the content paints its shadow into, points
         /// Without translucency the window takes the outline of what it shows, not its square.
         bool outlined = false;

@@ -49,6 +49,7 @@ Element button(const Placed& placed, const std::string* tooltip) {
     element.enabled = placed.node->interaction()->enabled;
     if (element.enabled) element.press = placed.node->interaction()->press;
     element.checked = placed.node->interaction()->checked;
+    element.oneOfSeveral = placed.node->interaction()->oneOfSeveral;
     return element;
 }
 
@@ -57,6 +58,12 @@ void collect(const Placed& placed, const std::string* tooltip, std::vector<Eleme
     if (interaction && !interaction->tooltip.empty()) tooltip = &interaction->tooltip;
     if (interaction && interaction->press) {
         into.push_back(button(placed, tooltip));
+        return;
+    }
+    if (interaction && !interaction->menu.empty()) {
+        const std::size_t first = into.size();
+        collectChildren(placed, tooltip, into);
+        if (into.size() > first) into[first].menu = interaction->menu;
         return;
     }
     if (placed.node->textField()) {
@@ -80,9 +87,12 @@ void collect(const Placed& placed, const std::string* tooltip, std::vector<Eleme
                     .role = said->role,
                     .name = said->name,
                     .value = said->value,
-                    .rect = placed.rect};
-    if (tooltip) element.help = *tooltip;
-    if (said->role != Role::text) collectChildren(placed, nullptr, element.children);
+                    .rect = placed.rect,
+                    .press = said->press,
+                    .range = said->range};
+    if (tooltip && *tooltip != element.name) element.help = *tooltip;
+    const bool holdsOthers = said->role == Role::group || said->role == Role::row;
+    if (holdsOthers) collectChildren(placed, nullptr, element.children);
     into.push_back(std::move(element));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRectF>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,13 +10,34 @@
 
 namespace kit {
 
-enum class Role { text, button, cell, row, group, value, field };
+enum class Role {
+    text,
+    button,
+    cell,
+    row,
+    group,
+    range,  ///< a number that can be set
+    field,
+    notice  ///< a message that is read out when it comes
+};
 
-/// What a view is to those who cannot see it. Without a name it goes by what stands in it.
+/// A number that can be set, from `least` to `most`.
+struct Range {
+    double now = 0;
+    double least = 0;
+    double most = 0;
+    double step = 1;
+    std::function<void(double)> set;
+};
+
+/// What a view is to those who cannot see it. What stands in it is told as well where it is a group
+/// or a row, and nowhere else.
 struct Description {
     Role role = Role::group;
     std::string name;
-    std::string value;  ///< what may change while the name stays
+    std::string value;            ///< what may change while the name stays
+    std::function<void()> press;  ///< what the pointer does there by other ways than a button
+    std::optional<Range> range;
 };
 
 /// One thing a screen reader can come to.
@@ -27,8 +49,11 @@ struct Element {
     std::string help;             ///< what a tooltip adds to the name
     QRectF rect;                  ///< points from the tree's corner
     std::function<void()> press;  ///< null where there is nothing to press
-    std::optional<bool> checked;  ///< of what is switched on and off
+    std::optional<bool> checked;  ///< of what is switched on and off, or chosen
+    bool oneOfSeveral = false;    ///< of which choosing one gives up the others
     bool enabled = true;
+    std::optional<Range> range;
+    std::vector<MenuItem> menu;  ///< of a secondary click
     std::vector<Element> children;
 };
 

@@ -45,6 +45,8 @@ FirstClickHostingView::FirstClickHostingView(Animations& animations, Environment
 // A widget that goes still hands on its focus, when there are no fields any more.
 FirstClickHostingView::~FirstClickHostingView() {
     qApp->disconnect(this);
+    const auto gone = onGone;
+    if (gone) gone();
 }
 
 double FirstClickHostingView::seconds() const {
@@ -62,6 +64,12 @@ void FirstClickHostingView::invalidate() {
             refresh();
         },
         Qt::QueuedConnection);
+}
+
+// What has appeared may have been scrolled into sight: by another tree.
+void FirstClickHostingView::refresh() {
+    takeUp(std::nullopt);
+    takeUp(std::nullopt);
 }
 
 // What nobody sees is taken up when it is shown, or asked for.

@@ -33,7 +33,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void invalidate();
 
     /// Takes up pending changes at once, without animation.
-    void refresh() { takeUp(std::nullopt); }
+    void refresh();
 
     /// Where everything is once nothing moves any more, pending changes included.
     const Placed& placed();
@@ -49,6 +49,8 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
 
     /// Called after each change of what is placed.
     std::function<void()> onRebuilt;
+    /// Called when the view goes, while all of it is still there.
+    std::function<void()> onGone;
 
     /// Called whenever something else is to be seen, frame by frame while it glides.
     std::function<void()> onFrame;
@@ -60,8 +62,11 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// Called when the ideal size has changed.
     std::function<void()> onResized;
 
-    /// The widget behind a text field; null where there is none.
+    /// The widget behind a field, or behind a button that keys press; null where there is none.
     QWidget* realField(Id id) const { return fields_.widget(id); }
+
+    /// Opens a menu at a point of the screen.
+    void popUp(const std::vector<MenuItem>& items, const QPoint& at);
 
     /// Moves the insertion point of a focused text field behind its text.
     void caretToEnd() { fields_.caretToEnd(); }
@@ -90,7 +95,6 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void forgetLostPositions();
     void showAppeared();
     void hoverAt(const std::optional<QPointF>& point);
-    void popUp(const std::vector<MenuItem>& items, const QPoint& at);
 
     Environment environment_;
     Body body_;

@@ -41,10 +41,12 @@ View interactive(const View& child, const char* name, Interaction interaction) {
 
 }  // namespace
 
-View View::button(std::function<void()> press, PressKeys keys) const {
+View View::button(std::function<void()> press, PressKeys keys,
+                  std::function<void(bool has)> focused) const {
     Interaction interaction;
     interaction.press = std::move(press);
     interaction.keys = keys;
+    interaction.focused = std::move(focused);
     return interactive(*this, "button", std::move(interaction));
 }
 
@@ -62,6 +64,15 @@ View View::toggle(bool checked, std::function<void()> press) const {
     interaction.keys = PressKeys::space;
     interaction.checked = checked;
     return interactive(*this, checked ? "toggle on" : "toggle off", std::move(interaction));
+}
+
+View View::choice(bool chosen, std::function<void()> press) const {
+    Interaction interaction;
+    interaction.press = std::move(press);
+    interaction.keys = PressKeys::space;
+    interaction.checked = chosen;
+    interaction.oneOfSeveral = true;
+    return interactive(*this, chosen ? "chosen" : "choice", std::move(interaction));
 }
 
 View View::tooltip(std::string text) const {

@@ -26,7 +26,10 @@ enum class PressKeys {
 struct Interaction {
     std::function<void()> press;  ///< a button, or a tap
     PressKeys keys = PressKeys::none;
-    std::optional<bool> checked;  ///< of what is switched on and off by its press
+    /// Of a button that keys press: that it has got the focus, or lost it.
+    std::function<void(bool has)> focused;
+    std::optional<bool> checked;  ///< of what is switched on and off, or chosen, by its press
+    bool oneOfSeveral = false;    ///< of which choosing one gives up the others
     bool enabled = true;          ///< otherwise a press does nothing
     std::string tooltip;
     /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.

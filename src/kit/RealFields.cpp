@@ -1,11 +1,11 @@
 #include "kit/RealFields.h"
 
 #include <QDateEdit>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
+#include <QWheelEvent>
 #include <utility>
 
+#include "kit/ButtonKeys.h"
 #include "kit/Description.h"
 #include "kit/TextField.h"
 
@@ -146,58 +146,17 @@ class DateField final : public RealField {
     DateFieldSpec wish_;
 };
 
-/// Takes the focus for a button of the tree.
-class ButtonKeys final : public QWidget {
- public:
-    explicit ButtonKeys(QWidget& host) : QWidget(&host) {
-        setFocusPolicy(Qt::TabFocus);
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
-
-    std::function<void()> press;
-
- protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() != Qt::Key_Space || event->modifiers() != Qt::NoModifier) {
-            QWidget::keyPressEvent(event);
-            return;
-        }
-        if (event->isAutoRepeat()) return;
-        const auto held = press;  // it may build another tree, without this button
-        held();
-    }
-
-    void focusInEvent(QFocusEvent*) override { update(); }
-    void focusOutEvent(QFocusEvent*) override { update(); }
-
-    // Dark within light is seen on any ground.
-    void paintEvent(QPaintEvent*) override {
-        if (!hasFocus()) return;
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setBrush(Qt::NoBrush);
-        for (const auto& [colour, inset] :
-             {std::pair(Qt::white, 0.75), std::pair(Qt::black, 2.25)}) {
-            painter.setPen(QPen(colour, ringWidth));
-            const QRectF ring = QRectF(rect()).marginsRemoved({inset, inset, inset, inset});
-            painter.drawRoundedRect(ring, ringRadius - inset, ringRadius - inset);
-        }
-    }
-
- private:
-    static constexpr double ringWidth = 1.5;
-    static constexpr double ringRadius = 9;
-};
-
 class ButtonField final : public RealField {
  public:
-    explicit ButtonField(QWidget& host) : keys_(new ButtonKeys(host)) {}
+    ButtonField(Id button, QWidget& host) : keys_(new ButtonKeys(button, host)) {}
+    ~ButtonField() override { keys_->focused = nullptr; }
 
     QWidget& widget() override { return *keys_; }
     QMargins margins() const override { return {3, 3, 3, 3}; }
 
     void update(const Placed& field) override {
         keys_->press = field.node->interaction()->press;
+        keys_->focused = field.node->interaction()->focused;
         keys_->setAccessibleName(QString::fromStdString(elements(field).front().name));
     }
 
@@ -212,7 +171,7 @@ std::unique_ptr<RealField> makeRealField(const Placed& field, QWidget& host) {
         return std::make_unique<LineField>(*wish, host);
     }
     if (field.node->dateField()) return std::make_unique<DateField>(host);
-    return std::make_unique<ButtonField>(host);
+    return std::make_unique<ButtonField>(field.id, host);
 }
 
 }  // namespace kit

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "kit/Description.h"
 #include "kit/Painting.h"
 
 namespace kit {
@@ -10,10 +9,8 @@ namespace {
 
 class TileNode final : public Node {
  public:
-    TileNode(std::string key, QSizeF size, std::string says, std::function<View()> build)
-        : key_(std::move(key)), size_(size), build_(std::move(build)) {
-        said_ = {.role = Role::cell, .name = std::move(says), .value = {}};
-    }
+    TileNode(std::string key, QSizeF size, Description says, std::function<View()> build)
+        : key_(std::move(key)), size_(size), said_(std::move(says)), build_(std::move(build)) {}
 
     QSizeF measure(const Proposal&, const Environment&) const override { return size_; }
 
@@ -71,7 +68,7 @@ class TileNode final : public Node {
 
 }  // namespace
 
-View tile(std::string key, QSizeF size, std::string says, std::function<View()> build) {
+View tile(std::string key, QSizeF size, Description says, std::function<View()> build) {
     return View(
         std::make_shared<TileNode>(std::move(key), size, std::move(says), std::move(build)));
 }

@@ -66,11 +66,15 @@ class View {
     View shadow(Colour colour, double radius) const;
 
     // Interaction.
-    View button(std::function<void()> press, PressKeys keys = {}) const;
+    /// `focused` is told when a button that keys press gets the focus, and when it loses it.
+    View button(std::function<void()> press, PressKeys keys = {},
+                std::function<void(bool has)> focused = {}) const;
     /// A button that cannot be pressed now; the Tab key comes to it all the same.
     View disabledButton() const;
-    /// A button that switches something on or off, or chooses it; the Space key presses it.
+    /// A button that switches something on or off; the Space key presses it.
     View toggle(bool checked, std::function<void()> press) const;
+    /// A button that chooses one of several; the Space key presses it.
+    View choice(bool chosen, std::function<void()> press) const;
     /// A press anywhere on the view, without being a control of its own.
     View onTap(std::function<void()> tap) const;
     /// What a secondary click offers.

@@ -208,9 +208,9 @@ TEST(Tile, IsTheViewItself) {
         return View(roundedRectangle(6).fill(teal.opacity(0.62)))
             .frame({.width = 30, .height = 44});
     };
-    const View kept = tile("cell", {30, 44}, "9", build);
+    const View kept = tile("cell", {30, 44}, {.name = "9"}, build);
     int built = 0;
-    const View counted = tile("counted", {30, 44}, "9", [&] {
+    const View counted = tile("counted", {30, 44}, {.name = "9"}, [&] {
         ++built;
         return build();
     });

@@ -270,6 +270,7 @@ void Desktop::miss(const std::string& what) {
         text << " [" << frame.x() << ' ' << frame.y() << ' ' << frame.width() << ' '
              << frame.height() << ']';
     if (isTrapLaid()) text << " and the wait at the notch";
+    text << "; saved: " << readText(configFile());
     throw std::runtime_error(text.str());
 }
 

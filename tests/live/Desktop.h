@@ -43,6 +43,7 @@ class Desktop : public testing::Test {
     void launch();
     /// What the programs that it starts find in their environment beside the usual.
     std::map<std::string, std::string> announced;
+    std::map<std::string, std::string> environment() const;
     /// Starts it once more.
     std::unique_ptr<Process> launchAnother();
     /// Its exit status; the number of the signal that killed it, negative.
@@ -138,7 +139,6 @@ class Desktop : public testing::Test {
     std::optional<Process> program;
 
  private:
-    std::map<std::string, std::string> environment() const;
     std::filesystem::path configFile() const { return folder / "data/Noonward/places.json"; }
     [[noreturn]] void miss(const std::string& what);
 

@@ -106,8 +106,24 @@ TEST(RibbonControls, HideAndShowRows) {
         });
     };
     const std::string hide = "Hide New York for now — left out of the email and the fairest hour";
-    EXPECT_FALSE(live.press(hide)) << "only the row under the pointer offers to hide";
+    const auto seen = [&](const std::string& tooltip) {
+        const kit::Placed root = live.scene.placed();
+        const kit::Placed* shown = kit::find(
+            *withTooltip(root, tooltip),
+            [](const kit::Placed& placed) { return placed.node->description() == "opacity"; });
+        return shown->node->numbers() == std::vector<double>{1};
+    };
+    const auto focus = [&](const std::string& tooltip, bool has) {
+        const kit::Placed root = live.scene.placed();
+        pressable(withTooltip(root, tooltip))->node->interaction()->focused(has);
+    };
+    EXPECT_FALSE(seen(hide)) << "only the row under the pointer offers to hide";
+    focus(hide, true);
+    EXPECT_TRUE(seen(hide)) << "and the one that the Tab key has come to";
+    focus(hide, false);
+    EXPECT_FALSE(seen(hide));
     hoverRow("New York", true);
+    EXPECT_TRUE(seen(hide));
     EXPECT_TRUE(live.press(hide));
     EXPECT_EQ(live.store().hidden(), std::set<std::string>{"new york"});
     EXPECT_TRUE(live.press("New York"));
@@ -116,9 +132,7 @@ TEST(RibbonControls, HideAndShowRows) {
     // Leaving a row late must not take the button from the row entered since.
     hoverRow("Singapore", true);
     hoverRow("New York", false);
-    EXPECT_TRUE(withTooltip(live.scene.placed(),
-                            "Hide Singapore for now — left out of the email "
-                            "and the fairest hour"));
+    EXPECT_TRUE(seen("Hide Singapore for now — left out of the email and the fairest hour"));
 }
 
 TEST(RibbonControls, HoverFindsTheColumn) {

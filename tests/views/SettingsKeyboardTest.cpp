@@ -43,9 +43,9 @@ struct SettingsWindow : SettingsScene {
         return focus ? focus->accessibleName() : QString();
     }
     void tabTo(const char* name) {
-        for (int step = 0; step < 100 && focusName() != QString::fromUtf8(name); ++step)
+        for (int step = 0; step < 100 && !focusName().startsWith(QString::fromUtf8(name)); ++step)
             key(Qt::Key_Tab, "\t");
-        ASSERT_EQ(focusName().toStdString(), name);
+        ASSERT_TRUE(focusName().startsWith(QString::fromUtf8(name)));
     }
 
     kit::FirstClickHostingView host{animations, rootEnvironment(),

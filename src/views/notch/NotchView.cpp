@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "kit/Description.h"
 #include "kit/Interaction.h"
 #include "kit/Node.h"
 #include "kit/Shapes.h"
@@ -117,6 +118,14 @@ View ears(Store& store, const NotchUI& ui, const Extent& extent) {
         .blur(shown ? 0 : 3);
 }
 
+// For those who cannot see the ears, or the symbols in them.
+std::string spoken(const Store& store) {
+    std::string all = "Noonward";
+    for (const Row& row : store.notchRows())
+        all += ", " + row.label + ' ' + store.time(store.now(), row);
+    return all;
+}
+
 }  // namespace
 
 View NotchView::body() const {
@@ -127,6 +136,7 @@ View NotchView::body() const {
                       ears(store_, ui_, extent),
                   })
         .frame({.width = ui_.windowWidth(), .height = ui_.height, .alignment = topCentre})
+        .described({.role = Role::button, .name = spoken(store_)})
         .onTap([&ui = ui_] { ui.onTap(); })
         .contextMenu({
             MenuItem{"Places & appearance…", [&ui = ui_] { ui.onSettings(); }},

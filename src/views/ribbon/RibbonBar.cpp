@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonBar.h"
 
+#include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -18,21 +19,21 @@ namespace {
 View proposalControls(const RibbonContext& context) {
     Store& store = context.store;
     const Palette& palette = context.palette;
-    return hstack(
-               {.spacing = 12},
-               {
-                   durationPicker(context),
-                   nudge(palette, Symbols::chevronLeft, "5 min", false,
-                         [&store] { store.step(-5); })
-                       .tooltip("Earlier by 5 minutes (←)"),
-                   nudge(palette, Symbols::chevronRight, "5 min", true, [&store] { store.step(5); })
-                       .tooltip("Later by 5 minutes (→)"),
-                   symbol(Symbols::crossInCircle)
-                       .font(systemFont(15))
-                       .button([&store] { store.backToNow(); })
-                       .tooltip("Clear the proposed time (n)"),
-                   copyButton(context),
-               })
+    return hstack({.spacing = 12},
+                  {
+                      durationPicker(context),
+                      nudge(palette, Symbols::chevronLeft, "5 min", false, "5 minutes earlier",
+                            [&store] { store.step(-5); })
+                          .tooltip("Earlier by 5 minutes (←)"),
+                      nudge(palette, Symbols::chevronRight, "5 min", true, "5 minutes later",
+                            [&store] { store.step(5); })
+                          .tooltip("Later by 5 minutes (→)"),
+                      symbol(Symbols::crossInCircle)
+                          .font(systemFont(15))
+                          .button([&store] { store.backToNow(); }, PressKeys::space)
+                          .tooltip("Clear the proposed time (n)"),
+                      copyButton(context),
+                  })
         .fixedSize();
 }
 

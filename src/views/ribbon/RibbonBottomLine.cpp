@@ -1,5 +1,7 @@
 #include "views/ribbon/RibbonBottomLine.h"
 
+#include "kit/Description.h"
+#include "kit/Interaction.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
 #include "kit/Text.h"
@@ -19,8 +21,12 @@ constexpr const char* hints =
 
 View message(const RibbonContext& context) {
     const std::optional<std::string>& flash = context.store.flash();
-    if (flash) return text(*flash).colour(context.palette.fair);
-    return text(hints).colour(context.palette.mist);
+    if (flash) {
+        return form(0, text(*flash)
+                           .colour(context.palette.fair)
+                           .described({.role = Role::notice, .name = *flash}));
+    }
+    return form(1, text(hints).colour(context.palette.mist));
 }
 
 // While the computer is away from home: the question from where to plan, or how it was answered
@@ -31,7 +37,9 @@ View travelBanner(const RibbonContext& context) {
     const std::string here = store.hereName();
     const std::string home = store.homeName();
     const auto plan = [&](const std::string& title, bool fromHere, bool strong) {
-        return pill(palette, title, strong, [&store, fromHere] { store.planFromHere(fromHere); });
+        return pill(
+            palette, title, strong, [&store, fromHere] { store.planFromHere(fromHere); },
+            PressKeys::space);
     };
     const View airplane = symbol(Symbols::airplane).colour(palette.fair);
 
@@ -64,8 +72,9 @@ View travelBanner(const RibbonContext& context) {
 
 View updateNotice(const RibbonContext& context) {
     const std::string version = *context.ui.updateReady();
-    return pill(context.palette, "Update to " + version, true,
-                [&ui = context.ui] { ui.onUpdates(); })
+    return pill(
+               context.palette, "Update to " + version, true,
+               [&ui = context.ui] { ui.onUpdates(); }, PressKeys::space)
         .tooltip("Noonward " + version + " is ready (u)");
 }
 
@@ -76,7 +85,7 @@ View settingsButton(const RibbonContext& context) {
                       text("Places & appearance"),
                   })
         .colour(context.palette.mist)
-        .button([&ui = context.ui] { ui.settingsShown = true; })
+        .button([&ui = context.ui] { ui.settingsShown = true; }, PressKeys::space)
         .tooltip("Add, remove or pin places; light or dark (s)")
         .priority(1);
 }

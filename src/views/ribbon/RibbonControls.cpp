@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "kit/Description.h"
+#include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -24,21 +26,22 @@ View durationButton(const RibbonContext& context, int length) {
         .colour(selected ? white : context.palette.mist)
         .frame({.width = 32, .height = 24})
         .background(roundedRectangle(6).fill(selected ? context.palette.button : clear))
-        .button([&store, length] { store.setDuration(length); })
+        .described({.role = Role::button, .name = hour ? "1 hour" : number + " minutes"})
+        .choice(selected, [&store, length] { store.setDuration(length); })
         .tooltip((hour ? "1 hour" : number + " minutes") + " meeting (d)");
 }
 
 View dayButton(Store& store, SymbolSource direction, int by, const char* tip) {
     return symbol(direction)
         .frame({.width = 20, .height = 20})
-        .button([&store, by] { store.changeDay(by); })
+        .button([&store, by] { store.changeDay(by); }, PressKeys::space)
         .tooltip(tip);
 }
 
 }  // namespace
 
 View nudge(const Palette& palette, SymbolSource direction, const std::string& title, bool trailing,
-           std::function<void()> action) {
+           const std::string& name, std::function<void()> action) {
     const View picture = symbol(direction);
     const View word = text(title);
     return hstack({.spacing = 4}, trailing ? Views{word, picture} : Views{picture, word})
@@ -46,7 +49,8 @@ View nudge(const Palette& palette, SymbolSource direction, const std::string& ti
         .colour(palette.text)
         .padding({.horizontal = 10, .vertical = 6})
         .background(roundedRectangle(8).fill(palette.chip).strokeInside(palette.chipBorder, 1))
-        .button(std::move(action));
+        .described({.role = Role::button, .name = name})
+        .button(std::move(action), PressKeys::space);
 }
 
 View durationPicker(const RibbonContext& context) {
@@ -79,7 +83,8 @@ View daySwitcher(const RibbonContext& context) {
                                return text("Today")
                                    .font(hanken(12, Weight::semibold))
                                    .colour(context.palette.fair)
-                                   .button([&store] { store.changeDay(-store.dayOffset()); });
+                                   .button([&store] { store.changeDay(-store.dayOffset()); },
+                                           PressKeys::space);
                            }),
                   });
 }
@@ -95,7 +100,7 @@ View copyButton(const RibbonContext& context) {
         .padding({.horizontal = 14, .vertical = 7})
         .background(
             roundedRectangle(10).fill(context.palette.button).strokeInside(white.opacity(0.35), 1))
-        .button(context.onCopyInvite)
+        .button(context.onCopyInvite, PressKeys::space)
         .tooltip("Copies each place's hour, start to end, ready to paste into an email");
 }
 

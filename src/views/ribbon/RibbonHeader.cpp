@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonHeader.h"
 
+#include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -64,14 +65,26 @@ View detailLine(const RibbonContext& context, const Row& row) {
         .colour(context.palette.mist);
 }
 
+// There for the Tab key as well, and seen when the pointer or the focus has come to it.
 View hideButton(const RibbonContext& context, const Row& row) {
     Store& store = context.store;
+    auto& hoveredRow = context.hoveredRow;
+    const bool seen = hoveredRow() == row.id;
+    if (!seen && context.solid) return {};
     return symbol(Symbols::eyeSlash)
         .font(systemFont(12))
         .colour(context.palette.mist)
         .frame({.width = 24, .height = 24})
         .background(circle().fill(context.palette.chip))
-        .button([&store, row] { store.toggleHidden(row); })
+        .opacity(seen ? 1 : 0)
+        .button([&store, row] { store.toggleHidden(row); }, PressKeys::space,
+                [&hoveredRow, id = row.id](bool has) {
+                    if (has) {
+                        hoveredRow = id;
+                    } else if (hoveredRow() == id) {
+                        hoveredRow = std::nullopt;
+                    }
+                })
         .tooltip("Hide " + row.label + " for now — left out of the email and the fairest hour");
 }
 
@@ -92,8 +105,7 @@ View rowHeader(const RibbonContext& context, const Row& row) {
                              }),
                   })
         .frame({.width = Metrics::header, .alignment = leading})
-        .overlay(when(context.hoveredRow() == row.id, [&] { return hideButton(context, row); }),
-                 trailing);
+        .overlay(hideButton(context, row), trailing);
 }
 
 }  // namespace noonward

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "kit/Description.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -18,6 +19,19 @@ constexpr double labelWidth = 140;
 
 double columnX(int column) {
     return Metrics::gridX + column * Metrics::pitch;
+}
+
+// The proposal as a number: minutes since the first hour of the strip.
+Range minutesOfDay(const RibbonContext& context, Instant proposal) {
+    Store& store = context.store;
+    const auto place = [&store, from = context.dayStart](double after) {
+        store.place(from + minutes(std::lround(after)));
+    };
+    return {.now = std::round(hoursBetween(context.dayStart, proposal) * 60),
+            .least = context.columns.first * 60.0,
+            .most = (context.columns.last + 1) * 60.0 - store.duration(),
+            .step = 5,
+            .set = place};
 }
 
 }  // namespace
@@ -69,14 +83,19 @@ View proposalBlock(const RibbonContext& context, double height) {
     const double start = hoursBetween(context.dayStart, proposal);
     const double from = Metrics::x(start);
     const double until = Metrics::x(start + store.duration() / 60.0);
+    const std::string range = store.range(proposal, context.home);
     const Palette& palette = context.palette;
 
     const View block = roundedRectangle(8)
                            .fill(palette.selected.opacity(0.3))
                            .strokeInside(palette.selected, 2)
                            .frame({.width = until - from + 4, .height = height + 8})
+                           .described({.role = Role::range,
+                                       .name = "Proposed time",
+                                       .value = range + " " + context.home.label,
+                                       .range = minutesOfDay(context, proposal)})
                            .offset(from - 2, 36);
-    const View label = text(store.range(proposal, context.home))
+    const View label = text(range)
                            .font(hanken(11, Weight::bold))
                            .colour(white)
                            .padding({.horizontal = 8, .vertical = 2})

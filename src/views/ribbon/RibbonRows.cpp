@@ -1,6 +1,7 @@
 #include "views/ribbon/RibbonRows.h"
 
 #include "kit/Description.h"
+#include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -30,7 +31,7 @@ View hiddenRow(const RibbonContext& context, const Row& row) {
         .padding({.horizontal = 12})
         .frame({.height = Metrics::hiddenHeight})
         .background(capsule().fill(context.palette.chip))
-        .button([&store, row] { store.toggleHidden(row); });
+        .button([&store, row] { store.toggleHidden(row); }, PressKeys::space);
 }
 
 // What the row's header shows, in one line.

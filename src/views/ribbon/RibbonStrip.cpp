@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "kit/Description.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -69,7 +70,9 @@ View cell(const RibbonContext& context, const Row& row, Instant start) {
     const std::string key = std::string(context.scheme == Scheme::dark ? "dark " : "light ") +
                             std::to_string(static_cast<int>(phase)) + ' ' + label;
     const CellColours colours = coloursOf(phase, context.palette);
-    const std::string says = label + ", " + nameOf(phase);
+    const Description says{.role = Role::cell,
+                           .name = label + ", " + nameOf(phase),
+                           .press = [&store = context.store, start] { store.place(start); }};
     return tile(key, {Metrics::cell, Metrics::cellHeight}, says, [=] {
         const View content = dayBegins
                                  ? dayLabel(day, number)

@@ -55,6 +55,7 @@ View star(const Entry& entry) {
         .tint = isFavourite ? entry.palette.fair : entry.palette.mist,
         .size = 14,
         .tip = tip,
+        .of = entry.row.label,
         .state = entry.isHome ? State::sign : State::enabled,
         .action = entry.edits([](Store& store, int index) { store.toggleFavourite(index); }),
     });
@@ -66,6 +67,7 @@ View house(const Entry& entry) {
         .tint = entry.isHome ? entry.palette.homeTime : entry.palette.mist,
         .size = 13,
         .tip = entry.isHome ? "Home" : "Make this home",
+        .of = entry.row.label,
         .action = entry.rearranges([](Store& store, int index) { store.setHome(index); }),
     });
 }
@@ -130,6 +132,7 @@ View moveButton(const Entry& entry, SymbolSource symbol, const char* tip, int by
         .symbol = symbol,
         .tint = entry.palette.text,
         .tip = tip,
+        .of = entry.row.label,
         .state = possible ? State::enabled : State::disabled,
         .action = entry.rearranges([by](Store& store, int index) { store.move(index, by); }),
     });
@@ -158,11 +161,13 @@ View tools(const Entry& entry) {
                       iconButton({.symbol = Symbols::calendarClock,
                                   .tint = entry.palette.text,
                                   .tip = "Working hours, days and holidays",
+                                  .of = entry.row.label,
                                   .action = toggleWeek}),
                       order(entry),
                       iconButton({.symbol = Symbols::minusInCircle,
                                   .tint = Velmora::red,
                                   .tip = "Remove",
+                                  .of = entry.row.label,
                                   .state = entry.isHome ? State::disabled : State::enabled,
                                   .action = entry.rearranges(
                                       [](Store& store, int index) { store.remove(index); })}),

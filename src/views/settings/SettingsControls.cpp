@@ -69,12 +69,15 @@ View stepper(const Palette& palette, const std::string& what, double value,
 
 View iconButton(const IconButton& button) {
     using State = IconButton::State;
-    const View face = symbol(button.symbol)
-                          .font(systemFont(button.size))
-                          .colour(button.tint)
-                          .opacity(button.state == State::disabled ? dimmed : 1)
-                          .frame({.width = 26, .height = 26})
-                          .tooltip(button.tip);
+    const View face =
+        symbol(button.symbol)
+            .font(systemFont(button.size))
+            .colour(button.tint)
+            .opacity(button.state == State::disabled ? dimmed : 1)
+            .frame({.width = 26, .height = 26})
+            .tooltip(button.tip)
+            .described({.role = button.state == State::sign ? Role::text : Role::button,
+                        .name = button.tip + ", " + button.of});
     if (button.state == State::sign) return form(0, face);
     return form(1, button.state == State::enabled ? face.button(button.action, PressKeys::space)
                                                   : face.disabledButton());

@@ -24,6 +24,7 @@ struct IconButton {
     kit::Colour tint;
     double size = 13;  ///< of the symbol's font
     std::string tip;
+    std::string of;  ///< whose it is, for those who cannot see what stands around
     enum class State { enabled, disabled, sign } state = State::enabled;  ///< a sign is no button
     std::function<void()> action;
 };

@@ -42,7 +42,7 @@ View appearanceButton(Store& store, const Palette& palette, const Appearance& ch
         .colour(selected ? white : palette.text)
         .padding({.horizontal = 12, .vertical = 6})
         .background(roundedRectangle(8).fill(selected ? palette.button : clear))
-        .toggle(selected, [&store, value = choice.value] { store.setAppearance(value); });
+        .choice(selected, [&store, value = choice.value] { store.setAppearance(value); });
 }
 
 View appearancePicker(Store& store, const Palette& palette) {
