@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -80,11 +79,6 @@ double leastMillisecondsOf(const std::string& text) {
     return least;
 }
 
-bool tell(const char* subject, double value, const char* unit, double budget) {
-    std::printf("%s: %.3f %s (budget %g)\n", subject, value, unit, budget);
-    return value <= budget;
-}
-
 }  // namespace
 }  // namespace noonward::bench
 
@@ -102,9 +96,10 @@ int main(int argc, char** argv) {
         longest = std::max(longest, leastMillisecondsOf({letter}));
     const double resident = residentMegabytes() - before;
 
-    bool kept = tell("first place look-up", first, "ms", longestMilliseconds);
-    kept = tell("longest place look-up", longest, "ms", longestMilliseconds) && kept;
-    kept = tell("memory after looking up every letter", resident, "MB", mostMegabytes) && kept;
+    bool kept = keepsBudget("first place look-up", first, "ms", longestMilliseconds);
+    kept = keepsBudget("longest place look-up", longest, "ms", longestMilliseconds) && kept;
+    kept =
+        keepsBudget("memory after looking up every letter", resident, "MB", mostMegabytes) && kept;
     const int ratios =
         run(argc, argv, {{"place look-up", "ours", "allLines", "all lines", 1.0 / 5}});
     return kept ? ratios : 1;

@@ -2,11 +2,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "Budget.h"
 
 namespace noonward::bench {
 
@@ -51,9 +52,7 @@ inline int run(int argc, char** argv, std::initializer_list<Ratio> ratios) {
         const double theirs = reporter.time(ratio.theirs);
         if (theirs <= 0) continue;  // filtered out
         const double value = reporter.time(ratio.ours) / theirs;
-        std::printf("%s: ours/%s = %.3f (budget %g)\n", ratio.subject.c_str(),
-                    ratio.theirName.c_str(), value, ratio.budget);
-        kept = kept && value <= ratio.budget;
+        kept &= keepsBudget(ratio.subject, value, "x " + ratio.theirName, ratio.budget);
     }
     return kept ? 0 : 1;
 }

@@ -2,7 +2,6 @@
 // the marks, the bar's texts. Asked as a view asks: anew for each cell.
 
 #include <chrono>
-#include <cstdio>
 #include <optional>
 #include <string>
 
@@ -107,10 +106,10 @@ int main(int argc, char** argv) {
     noonward::bench::KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     bool kept = true;
-    for (const char* name : {"redraw/rolling:0", "redraw/rolling:1"}) {
-        const double time = reporter.time(name) / 1000;
-        std::printf("%s: %.1f µs (budget %g)\n", name, time, noonward::bench::budgetMicroseconds);
-        kept = kept && time <= noonward::bench::budgetMicroseconds;
+    for (const auto& [name, what] : {std::pair{"redraw/rolling:0", "model queries of a redraw"},
+                                     {"redraw/rolling:1", "model queries of a rolling redraw"}}) {
+        kept &= noonward::bench::keepsBudget(what, reporter.time(name) / 1000, "µs",
+                                             noonward::bench::budgetMicroseconds);
     }
     return kept ? 0 : 1;
 }

@@ -4,12 +4,12 @@
 #include <dirent.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <thread>
 
+#include "Budget.h"
 #include "LiveServer.h"
 
 namespace noonward::bench {
@@ -119,12 +119,6 @@ double millisecondsToPanel(LiveServer& server) {
     return took;
 }
 
-bool report(const char* what, double value, const char* unit, double budget) {
-    std::printf("%s = %.3g%s (budget %g)\n", what, value, unit, budget);
-    std::fflush(stdout);
-    return value <= budget;
-}
-
 int run(int restSeconds) {
     Desktop desktop;
     std::vector<double> ours;
@@ -133,28 +127,29 @@ int run(int restSeconds) {
         ours.push_back(millisecondsToWindow(desktop, NOONWARD_PROGRAM));
         hello.push_back(millisecondsToWindow(desktop, NOONWARD_HELLO));
     }
-    bool kept = report("start: ours/hello window", median(ours) / median(hello), "", 1.5);
+    bool kept = keepsBudget("start", median(ours) / median(hello), "x hello window", 1.5);
 
     const Process program({NOONWARD_PROGRAM}, desktop.environment());
     desktop.server.forgetEvents();
     const Process greeting({NOONWARD_HELLO}, desktop.environment());
     desktop.server.waitForMapping();
     std::this_thread::sleep_for(std::chrono::seconds(3));
-    kept &= report("memory at rest: ours/hello window",
-                   privateDirty(program.pid()) / privateDirty(greeting.pid()), "", 2.5);
+    kept &=
+        keepsBudget("memory at rest", privateDirty(program.pid()) / privateDirty(greeting.pid()),
+                    "x hello window", 2.5);
 
     const long sleptBefore = sleeps(program.pid());
     const double cpuBefore = cpuSeconds(program.pid());
     std::this_thread::sleep_for(std::chrono::seconds(restSeconds));
     const double slept = static_cast<double>(sleeps(program.pid()) - sleptBefore);
-    kept &= report("wakeups at rest", slept * 60 / restSeconds, " a minute", 6);
-    kept &= report("CPU at rest", (cpuSeconds(program.pid()) - cpuBefore) * 100 / restSeconds, " %",
-                   0.02);
+    kept &= keepsBudget("wakeups at rest", slept * 60 / restSeconds, "a minute", 6);
+    kept &= keepsBudget("CPU at rest", (cpuSeconds(program.pid()) - cpuBefore) * 100 / restSeconds,
+                        "%", 0.02);
 
     std::vector<double> frames;
     for (int i = 0; i < openings; ++i)
         frames.push_back(millisecondsToPanel(desktop.server));
-    kept &= report("hot key to first frame", median(frames), " ms", 33);
+    kept &= keepsBudget("hot key to first frame", median(frames), "ms", 33);
     return kept ? 0 : 1;
 }
 

@@ -2,12 +2,12 @@
 // clock, and tells how much memory that leaves behind.
 
 #include <QApplication>
-#include <cstdio>
 #include <deque>
 #include <filesystem>
 #include <fstream>
 #include <utility>
 
+#include "Budget.h"
 #include "LiveServer.h"
 #include "app/AppDelegate.h"
 #include "app/Planner.h"
@@ -86,9 +86,8 @@ int run(int argc, char** argv, int openings) {
     for (int i = 0; i < openings; ++i)
         openAndClose(delegate, queue);
     const double grown = privateDirtyKiB() - before;
-    std::printf("%d openings and closings: memory grown by %.0f KiB (budget %g)\n", openings, grown,
-                budgetKiB);
-    return grown <= budgetKiB ? 0 : 1;
+    const std::string what = std::to_string(openings) + " openings and closings";
+    return noonward::bench::keepsBudget(what, grown, "KiB grown", budgetKiB) ? 0 : 1;
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "Budget.h"
 #include "RibbonFixture.h"
 
 namespace {
@@ -62,7 +63,8 @@ int main(int argc, char** argv) {
     }
     std::remove(picture);
     const double ratio = median(ours) / median(withQt);
-    std::printf("snapshot process: %.1f ms (budget %g)\n", median(ours), budgetMilliseconds);
-    std::printf("snapshot process: ours/QImage::save = %.3f (budget %g)\n", ratio, budgetRatio);
-    return ratio <= budgetRatio ? 0 : 1;
+    using noonward::bench::keepsBudget;
+    bool kept = keepsBudget("snapshot process", median(ours), "ms", budgetMilliseconds);
+    kept &= keepsBudget("snapshot process", ratio, "x the same with QImage::save", budgetRatio);
+    return kept ? 0 : 1;
 }
