@@ -260,7 +260,7 @@ bool Desktop::isPanelSeen() {
 }
 
 bool Desktop::isTrapLaid() {
-    return sight.isTrapAt({700, -6, 200, 32});
+    return sight.isTrapAt(trap);
 }
 
 void Desktop::miss(const std::string& what) {

@@ -121,6 +121,9 @@ class Desktop : public testing::Test {
         return true;
     }
 
+    /// Where the program waits for the pointer, in pixels.
+    QRect trap{700, -6, 200, 32};
+
     static constexpr std::uint32_t wallpaper = 0x336699;
     static constexpr QPoint notch{800, 12};
     static constexpr QPoint nowhere{1500, 850};

@@ -36,5 +36,30 @@ TEST_F(MonitorsStory, TheNotchIsFoundAgainWhereverTheyComeAndGo) {
     EXPECT_EQ(cap(), QRect(609, 0, 382, 24));
 }
 
+// The resource by which desktops tell how large they show everything, 96 being life size.
+TEST_F(MonitorsStory, OnALargeScaleEverythingIsLarger) {
+    constexpr double scale = 1.25;
+    const std::string resources = "Xft.dpi:\t120\n";
+    xcb_change_property(other.connection(), XCB_PROP_MODE_REPLACE, other.root(),
+                        XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
+                        static_cast<std::uint32_t>(resources.size()), resources.data());
+    other.sync();
+    trap = {675, -7, 250, 40};
+    launch();
+    hand.key("Control+Alt+t");
+    const auto shown = [&] {
+        for (const auto& [id, frame] : sight.windows()) {
+            if (frame.top() == top * scale && frame.width() == 1196 * scale &&
+                frame.height() > 250 * scale && std::abs(frame.center().x() - 800) <= 1)
+                return true;
+        }
+        return false;
+    };
+    see("a larger ribbon", shown);
+    const QPointF ten((1280 - 1196) / 2.0 + 342 + 10 * 32 + 15, 24 + 6 + 40 + 28);
+    hand.clickAt((ten * scale).toPoint());
+    EXPECT_EQ(copiedClock().minutes % (24 * 60), 10 * 60);
+}
+
 }  // namespace
 }  // namespace noonward::test

@@ -79,6 +79,7 @@ nlohmann::json daysAround() {
 TEST_F(ReaderStory, HearsTheRibbonAndWorksIt) {
     auto places = config()["places"];
     places[1]["daysOff"] = daysAround();
+    places[1]["workdays"] = {1, 2, 3, 4, 5, 6, 7};
     configure({{"places", places}});
     launch();
     openRibbon();
