@@ -133,6 +133,13 @@ TEST_F(AutostartLoginItemTest, KeepsWhatTheUserAdded) {
     EXPECT_EQ(readText(in(user)), mine + needs + rest);
     item({"KDE"}).set(true);
     EXPECT_NE(readText(in(user)).find("OnlyShowIn=GNOME;Fancy;KDE;\n"), std::string::npos);
+
+    for (const char* aside : {".unreadable", ".unreadable2"}) {
+        writeText(in(user), std::string("no entry ") + aside);
+        item().set(true);
+        EXPECT_EQ(readText(in(user).string() + aside), std::string("no entry ") + aside);
+        EXPECT_TRUE(item().enabled());
+    }
 }
 
 TEST_F(AutostartLoginItemTest, StartsThisCopyAndNoOther) {

@@ -47,6 +47,16 @@ bool contains(const std::vector<std::string>& list, const std::string& name) {
     return std::find(list.begin(), list.end(), name) != list.end();
 }
 
+// Whatever it is, the user may want it back; an earlier one is kept.
+bool putAside(const fs::path& folder) {
+    const QString file = QString::fromStdString(folder / fileName);
+    for (int number = 1; number < 100; ++number) {
+        const QString suffix = number > 1 ? QString::number(number) : QString();
+        if (QFile::rename(file, file + ".unreadable" + suffix)) return true;
+    }
+    return false;
+}
+
 // Whole or not at all, and through a link to where the file really is.
 void write(const fs::path& folder, const std::string& text) {
     if (!QDir().mkpath(QString::fromStdString(folder))) return;
@@ -91,7 +101,9 @@ void AutostartLoginItem::set(bool on) {
     const FileContents file = read(setting_.user);
     const bool isReadable = file.state == FileContents::State::read;
     if (!isReadable && file.state != FileContents::State::missing) return;
-    DesktopEntry entry = DesktopEntry::parse(file.bytes).value_or(DesktopEntry());
+    const std::optional<DesktopEntry> known = DesktopEntry::parse(file.bytes);
+    if (isReadable && !known && !putAside(setting_.user)) return;
+    DesktopEntry entry = known.value_or(DesktopEntry());
     entry.set("Type", "Application");
     if (!entry.string("Name")) entry.set("Name", "Noonward");
     if (!on)
