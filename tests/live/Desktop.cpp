@@ -164,6 +164,12 @@ void Desktop::sendSignal(const std::string& member) {
     EXPECT_EQ(exitStatus(sender), 0);
 }
 
+bool Desktop::xrandr(std::vector<std::string> words) {
+    words.insert(words.begin(), {"xrandr", "-display", display});
+    Process process(words);
+    return exitStatus(process) == 0;
+}
+
 nlohmann::json Desktop::config() const {
     return nlohmann::json::parse(readText(configFile()), nullptr, false);
 }

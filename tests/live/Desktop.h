@@ -52,7 +52,10 @@ class Desktop : public testing::Test {
     /// Another program's window, with the keyboard.
     xcb_window_t showOther(const QRect& at = {100, 500, 400, 300});
     void sendSignal(const std::string& member);
+    /// Sets monitors up as the tool of that name does; whether it could.
+    bool xrandr(std::vector<std::string> words);
 
+    std::filesystem::path configFile() const { return folder / "data/Noonward/places.json"; }
     nlohmann::json config() const;
     /// Writes the file before the program reads it.
     void configure(const nlohmann::json& changes);
@@ -142,7 +145,6 @@ class Desktop : public testing::Test {
     std::optional<Process> program;
 
  private:
-    std::filesystem::path configFile() const { return folder / "data/Noonward/places.json"; }
     [[noreturn]] void miss(const std::string& what);
 
     xcb_window_t clipboardWindow_ = XCB_WINDOW_NONE;

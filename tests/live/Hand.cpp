@@ -8,8 +8,10 @@ namespace {
 
 // X11 protocol, appendix A; those of ASCII are the characters themselves.
 const std::map<std::string_view, xcb_keysym_t> named = {
-    {"Return", 0xff0d}, {"Escape", 0xff1b}, {"Left", 0xff51},    {"Up", 0xff52},  {"Right", 0xff53},
-    {"Down", 0xff54},   {"Shift", 0xffe1},  {"Control", 0xffe3}, {"Alt", 0xffe9}, {"Tab", 0xff09},
+    {"BackSpace", 0xff08}, {"Tab", 0xff09},  {"Return", 0xff0d}, {"Escape", 0xff1b},
+    {"Home", 0xff50},      {"Left", 0xff51}, {"Up", 0xff52},     {"Right", 0xff53},
+    {"Down", 0xff54},      {"End", 0xff57},  {"Delete", 0xffff}, {"Shift", 0xffe1},
+    {"Control", 0xffe3},   {"Alt", 0xffe9},
 };
 
 xcb_keysym_t symbolOf(std::string_view name) {

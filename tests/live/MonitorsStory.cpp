@@ -3,20 +3,13 @@
 namespace noonward::test {
 namespace {
 
-class MonitorsStory : public Desktop {
- protected:
-    void xrandr(std::vector<std::string> words) {
-        words.insert(words.begin(), {"xrandr", "-display", display});
-        Process process(words);
-        EXPECT_EQ(exitStatus(process), 0);
-    }
-};
+class MonitorsStory : public Desktop {};
 
 TEST_F(MonitorsStory, TheNotchIsFoundAgainWhereverTheyComeAndGo) {
     launch();
     openRibbon();
-    xrandr({"--setmonitor", "right", "800/200x900/200+800+0", "none"});
-    xrandr({"--setmonitor", "*left", "800/200x900/200+0+0", "screen"});
+    EXPECT_TRUE(xrandr({"--setmonitor", "right", "800/200x900/200+800+0", "none"}));
+    EXPECT_TRUE(xrandr({"--setmonitor", "*left", "800/200x900/200+0+0", "screen"}));
     see("the ribbon gone", [this] { return !panel(); });
     see("the wait at the left one's notch", [this] { return sight.isTrapAt({300, -6, 200, 32}); });
 
@@ -27,8 +20,8 @@ TEST_F(MonitorsStory, TheNotchIsFoundAgainWhereverTheyComeAndGo) {
     see("the ribbon", [this] { return panel(); });
     EXPECT_EQ(panel()->left(), 8) << "it is wider than the monitor: its beginning can be seen";
 
-    xrandr({"--delmonitor", "right"});
-    xrandr({"--delmonitor", "left"});
+    EXPECT_TRUE(xrandr({"--delmonitor", "right"}));
+    EXPECT_TRUE(xrandr({"--delmonitor", "left"}));
     see("the ribbon gone", [this] { return !panel(); });
     moveAway();
     see("the wait at the only one's notch", [this] { return isTrapLaid(); });

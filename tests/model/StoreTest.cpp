@@ -81,6 +81,32 @@ TEST(Store, FollowsTheClockInStepsOfFifteenSeconds) {
     EXPECT_FALSE(announced.since()) << "a clock that stands still is no change";
 }
 
+TEST(Store, ShowsTheDayWhereverTheClockHasGone) {
+    StoreWorld world("Europe/London", "2026-01-15 23:50", threePlaces());
+    Store store(world.services());
+    const struct {
+        const char* now;
+        const char* dayStart;
+        const char* what;
+    } cases[] = {
+        {"2026-01-16 07:10", "2026-01-16 00:00", "asleep over midnight"},
+        {"2026-03-29 09:00", "2026-03-29 00:00", "asleep over a clock change"},
+        {"2026-07-01 23:30", "2026-07-01 23:00", "asleep for months, to just after midnight"},
+        {"2061-06-15 12:00", "2061-06-14 23:00", "years ahead, where only rules are known"},
+        {"1970-01-01 00:00", "1969-12-31 23:00", "a computer that has lost its clock"},
+        {"1847-11-30 12:00", "1847-11-30 00:01:15", "before there were zones"},
+        {"2026-01-15 23:51", "2026-01-15 00:00", "and set right again"},
+    };
+    for (const auto& [now, dayStart, what] : cases) {
+        world.clock.time = utc(now);
+        world.timer.tick();
+        EXPECT_EQ(store.now(), utc(now)) << what;
+        EXPECT_EQ(store.dayStart(), utc(dayStart)) << what;
+        EXPECT_EQ(store.dayOffset(), 0) << what;
+        EXPECT_EQ(store.rows().size(), 3U) << what;
+    }
+}
+
 TEST(Store, AnnouncesWhatChanges) {
     StoreWorld world("Europe/London", "2026-01-15 14:20", threePlaces());
     Store store(world.services());

@@ -31,6 +31,8 @@ class Process {
     Process& operator=(const Process&) = delete;
     ~Process() { stop(); }
 
+    pid_t id() const { return id_; }
+
     void signal(int number) const {
         if (id_ > 0 && !status_) ::kill(id_, number);
     }
