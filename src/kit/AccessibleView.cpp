@@ -77,16 +77,16 @@ const std::vector<Element>& AccessibleView::tree() const {
         tree_ = elements(placed);
         byId_.clear();
         parents_.clear();
-        index(tree_, std::nullopt);
+        enter(tree_, std::nullopt);
     }
     return tree_;
 }
 
-void AccessibleView::index(const std::vector<Element>& siblings, std::optional<Id> parent) const {
+void AccessibleView::enter(const std::vector<Element>& siblings, std::optional<Id> parent) const {
     for (const Element& element : siblings) {
         byId_.insert(element.id, &element);
         if (parent) parents_.insert(element.id, *parent);
-        index(element.children, element.id);
+        enter(element.children, element.id);
     }
 }
 

@@ -35,7 +35,7 @@ class AccessibleView final : public QAccessibleWidget {
 
  private:
     const std::vector<Element>& tree() const;
-    void index(const std::vector<Element>& siblings, std::optional<Id> parent) const;
+    void enter(const std::vector<Element>& siblings, std::optional<Id> parent) const;
     QAccessibleInterface* interfaceOf(const Element& element) const;
     void rebuilt();
     void tellChange(const Element& before, const Element& now) const;

@@ -21,67 +21,67 @@ TEST(Settings, SayWhereEachPlaceStands) {
         config.homeZones = {"Asia/Tokyo"};
         config.places[0].zone.clear();
     };
-    for (const Case& each : {
-             Case{"three places",
-                  nothing,
-                  {},
-                  {"Your places  ·  3 of 6", "always first",
-                   "America/New York · EDT · 05:40 · works 8–18 Mon–Fri", "A city — Tokyo"},
-                  {"Not in the list", "working week", "Follows this Mac"}},
-             Case{"six places",
-                  [](Config& config) { config.places = places(6).places; },
-                  {},
-                  {"6 of 6", "Six places is the most"},
-                  {"A city — Tokyo"}},
-             Case{"a place that follows the computer",
-                  [](Config& config) { config.places[0].zone.clear(); },
-                  {},
-                  {"Europe/London · Follows this Mac · GMT"},
-                  {"Home time while you travel"}},
-             Case{"away from home",
-                  away,
-                  {},
-                  {"Asia/Tokyo · Home time while you travel · "},
-                  {"Follows this Mac"}},
-             Case{"a short query", nothing, {.query = " ny "}, {}, {"Not in the list"}},
-             Case{"what is there already",
-                  nothing,
-                  {.query = "singapore"},
-                  {"Not in the list — look up “singapore” with Apple Maps"},
-                  {"SGT"}},
-             Case{"a city",
-                  nothing,
-                  {.query = "tokyo"},
-                  {"text \"Tokyo\"", "JST · 18:40 · +9h", "look up “tokyo” with Apple Maps"},
-                  {}},
-             Case{
-                 "an open week",
-                 nothing,
-                 {.editing = 1},
-                 {"New York — working week", "08:00", "18:00", "Fetching United States's holidays…",
-                  "Office closures or leave that count as days off for New York.", "18/03/2026",
-                  "Back to 8–18, Monday to Friday, with holidays"},
-                 {"London — working week"}},
-             Case{"its exceptions",
-                  [](Config& config) {
-                      config.places[1] = {.label = "Dubai",
-                                          .shortName = "DXB",
-                                          .zone = "Asia/Riyadh",
-                                          .work = {{8.5, 17.25}},
-                                          .holidays = false,
-                                          .daysOff = {{"2025-02-03", "2026-02-31", "soon"}}};
-                  },
-                  {.editing = 1},
-                  {"08:30", "17:15", "Off — Saudi Arabia's holidays are left out.", "Mon 3 Feb",
-                   "2026-02-31", "Back to 8–18, the usual week, with holidays"},
-                  {}},
-             Case{"no country",
-                  [](Config& config) { config.places[1].zone = "Etc/UTC"; },
-                  {.editing = 1},
-                  {"No country for this time zone."},
-                  {}},
-             Case{"nobody's week", nothing, {.editing = 7}, {}, {"working week"}},
-         }) {
+    const Case cases[] = {
+        {"three places",
+         nothing,
+         {},
+         {"Your places  ·  3 of 6", "always first",
+          "America/New York · EDT · 05:40 · works 8–18 Mon–Fri", "A city — Tokyo"},
+         {"Not in the list", "working week", "Follows this Mac"}},
+        {"six places",
+         [](Config& config) { config.places = places(6).places; },
+         {},
+         {"6 of 6", "Six places is the most"},
+         {"A city — Tokyo"}},
+        {"a place that follows the computer",
+         [](Config& config) { config.places[0].zone.clear(); },
+         {},
+         {"Europe/London · Follows this Mac · GMT"},
+         {"Home time while you travel"}},
+        {"away from home",
+         away,
+         {},
+         {"Asia/Tokyo · Home time while you travel · "},
+         {"Follows this Mac"}},
+        {"a short query", nothing, {.query = " ny "}, {}, {"Not in the list"}},
+        {"what is there already",
+         nothing,
+         {.query = "singapore"},
+         {"Not in the list — look up “singapore” with Apple Maps"},
+         {"SGT"}},
+        {"a city",
+         nothing,
+         {.query = "tokyo"},
+         {"text \"Tokyo\"", "JST · 18:40 · +9h", "look up “tokyo” with Apple Maps"},
+         {}},
+        {"an open week",
+         nothing,
+         {.editing = 1},
+         {"New York — working week", "08:00", "18:00", "Fetching United States's holidays…",
+          "Office closures or leave that count as days off for New York.", "18/03/2026",
+          "Back to 8–18, Monday to Friday, with holidays"},
+         {"London — working week"}},
+        {"its exceptions",
+         [](Config& config) {
+             config.places[1] = {.label = "Dubai",
+                                 .shortName = "DXB",
+                                 .zone = "Asia/Riyadh",
+                                 .work = {{8.5, 17.25}},
+                                 .holidays = false,
+                                 .daysOff = {{"2025-02-03", "2026-02-31", "soon"}}};
+         },
+         {.editing = 1},
+         {"08:30", "17:15", "Off — Saudi Arabia's holidays are left out.", "Mon 3 Feb",
+          "2026-02-31", "Back to 8–18, the usual week, with holidays"},
+         {}},
+        {"no country",
+         [](Config& config) { config.places[1].zone = "Etc/UTC"; },
+         {.editing = 1},
+         {"No country for this time zone."},
+         {}},
+        {"nobody's week", nothing, {.editing = 7}, {}, {"working week"}},
+    };
+    for (const Case& each : cases) {
         Config config = threePlaces();
         each.config(config);
         const SettingsScene scene(config, each.options);
@@ -112,44 +112,44 @@ TEST(Settings, EveryControlIsOnDiskAtOnce) {
         return index < config.places.size() && config.places[index].label == label;
     };
     const auto newYork = [](const Config& config) { return config.places[1]; };
-    for (const Case& each : {
-             Case{"Make this a favourite, beside the notch", 0,
-                  [](const Config& c) {
-                      return c.favourites == Labels{"London", "New York"};
-                  }},
-             Case{"Favourite — beside the notch. Click to unstar", 0,
-                  [](const Config& c) { return c.favourites == Labels{"London"}; }},
-             Case{"Make this home", 1, [&](const Config& c) { return placed(c, 0, "Singapore"); }},
-             Case{"Move up", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
-             Case{"Move down", 0, [&](const Config& c) { return placed(c, 2, "New York"); }},
-             Case{"Remove", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
-             Case{"Light", 0, [](const Config& c) { return c.appearance == "light"; }},
-             Case{"Keep now in the middle", 0, [](const Config& c) { return c.rolling; }},
-             Case{"Start of work: half an hour earlier", 0,
-                  [&](const Config& c) {
-                      return newYork(c).work == std::vector<double>{7.5, 18};
-                  }},
-             Case{"End of work: half an hour later", 0,
-                  [&](const Config& c) {
-                      return newYork(c).work == std::vector<double>{8, 18.5};
-                  }},
-             Case{"Monday", 0,
-                  [&](const Config& c) {
-                      return newYork(c).workdays == std::vector<int>{3, 4, 5, 6};
-                  }},
-             Case{"Sunday", 0,
-                  [&](const Config& c) {
-                      return newYork(c).workdays == std::vector<int>{1, 2, 3, 4, 5, 6};
-                  }},
-             Case{"Public holidays", 0,
-                  [&](const Config& c) { return newYork(c).holidays == false; }},
-             Case{"Thu 24 Dec", 0, [&](const Config& c) { return !newYork(c).daysOff; }},
-             Case{"Add", 0,
-                  [&](const Config& c) {
-                      return newYork(c).daysOff == Labels{"2026-03-18", "2026-12-24"};
-                  }},
-             Case{"Tokyo", 0, [&](const Config& c) { return placed(c, 3, "Tokyo"); }},
-         }) {
+    const Case cases[] = {
+        {"Make this a favourite, beside the notch", 0,
+         [](const Config& c) {
+             return c.favourites == Labels{"London", "New York"};
+         }},
+        {"Favourite — beside the notch. Click to unstar", 0,
+         [](const Config& c) { return c.favourites == Labels{"London"}; }},
+        {"Make this home", 1, [&](const Config& c) { return placed(c, 0, "Singapore"); }},
+        {"Move up", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
+        {"Move down", 0, [&](const Config& c) { return placed(c, 2, "New York"); }},
+        {"Remove", 0, [&](const Config& c) { return placed(c, 1, "Singapore"); }},
+        {"Light", 0, [](const Config& c) { return c.appearance == "light"; }},
+        {"Keep now in the middle", 0, [](const Config& c) { return c.rolling; }},
+        {"Start of work: half an hour earlier", 0,
+         [&](const Config& c) {
+             return newYork(c).work == std::vector<double>{7.5, 18};
+         }},
+        {"End of work: half an hour later", 0,
+         [&](const Config& c) {
+             return newYork(c).work == std::vector<double>{8, 18.5};
+         }},
+        {"Monday", 0,
+         [&](const Config& c) {
+             return newYork(c).workdays == std::vector<int>{3, 4, 5, 6};
+         }},
+        {"Sunday", 0,
+         [&](const Config& c) {
+             return newYork(c).workdays == std::vector<int>{1, 2, 3, 4, 5, 6};
+         }},
+        {"Public holidays", 0, [&](const Config& c) { return newYork(c).holidays == false; }},
+        {"Thu 24 Dec", 0, [&](const Config& c) { return !newYork(c).daysOff; }},
+        {"Add", 0,
+         [&](const Config& c) {
+             return newYork(c).daysOff == Labels{"2026-03-18", "2026-12-24"};
+         }},
+        {"Tokyo", 0, [&](const Config& c) { return placed(c, 3, "Tokyo"); }},
+    };
+    for (const Case& each : cases) {
         Config config = threePlaces();
         config.places[1].daysOff = {"2026-12-24"};
         SettingsScene scene(config, {.query = "tokyo", .editing = 1});
