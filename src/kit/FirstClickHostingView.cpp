@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include "kit/Damage.h"
@@ -78,13 +79,13 @@ void FirstClickHostingView::settle(const std::optional<Curve>& curve) {
 }
 
 void FirstClickHostingView::takeUp(const std::optional<Curve>& curve) {
-    if (!pending_) return;
+    if (!pending_ || busy_) return;
     pending_ = false;
     const QSizeF before = presentation_.target().rect.size();
     presentation_.show(layOut(body_(), environment_), curve, seconds());
     present();
     if (onResized && presentation_.target().rect.size() != before) onResized();
-    if (onRebuilt) onRebuilt();
+    tellRebuilt();
     forgetLostPositions();
     showAppeared();
     // What lies under a resting pointer may be something else now.
@@ -115,7 +116,12 @@ void FirstClickHostingView::present() {
         frames_.stop();
         tiles_.forgetWhole();
     }
-    fields_.sync(presentation_.target(), origin(), !presentation_.moving());
+    {
+        // Fields that come and go move the focus: what changes by that waits until they are in
+        // step.
+        const QScopedValueRollback guard(busy_, true);
+        fields_.sync(presentation_.target(), origin(), !presentation_.moving());
+    }
 
     QRegion region;
     for (const QRectF& rect : damage(*painted_, *now))
@@ -124,6 +130,12 @@ void FirstClickHostingView::present() {
     if (region.isEmpty()) return;
     update(region.translated(origin()));
     if (onFrame) onFrame();
+}
+
+// Screen readers ask back as they are told: of this tree, not of one that comes meanwhile.
+void FirstClickHostingView::tellRebuilt() {
+    const QScopedValueRollback guard(busy_, true);
+    if (onRebuilt) onRebuilt();
 }
 
 QImage FirstClickHostingView::picture(double pixelsPerPoint) {

@@ -89,6 +89,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void settle(const std::optional<Curve>& curve) override;
     void takeUp(const std::optional<Curve>& curve);
     void present();
+    void tellRebuilt();
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
     void showFocusedField();
@@ -106,6 +107,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     QTimer frames_;
     QMargins margins_;
     bool pending_ = true;
+    bool busy_ = false;  // with what must not meet another tree half-way
     bool scheduled_ = false;
     std::optional<Id> pressed_;
     std::optional<QPointF> pointer_;

@@ -65,6 +65,7 @@ std::vector<Slot> flatten(const Views& children) {
     return slots;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): its views are moved on.
 View group(std::vector<std::pair<std::uint64_t, View>> keyed) {
     std::map<std::uint64_t, std::uint64_t> seen;
     std::vector<Slot> elements;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "kit/ButtonKeys.h"
-#include "kit/Description.h"
 #include "kit/TextField.h"
 
 namespace kit {
@@ -28,6 +27,11 @@ void dress(QWidget& widget, const Environment& environment) {
     widget.setFont(metrics(environment.font).font);
     const QPalette palette = paletteFor(widget, environment);
     if (palette != widget.palette()) widget.setPalette(palette);
+}
+
+// Qt tells screen readers of a name whenever one is set, even if it is the same.
+void setReadName(QWidget& widget, const QString& name) {
+    if (name != widget.accessibleName()) widget.setAccessibleName(name);
 }
 
 /// Without the focus the tree paints the text: with an ellipsis where it is cut.
@@ -101,8 +105,8 @@ class LineField final : public RealField {
         if (isTheirs && text != edit_->text().trimmed()) edit_->setText(text);
         if (wish_.focusRequests > before.focusRequests) edit_->setFocus();
         edit_->setPlaceholderText(QString::fromStdString(wish_.placeholder));
-        edit_->setAccessibleName(wish_.name.empty() ? edit_->placeholderText()
-                                                    : QString::fromStdString(wish_.name));
+        setReadName(*edit_, wish_.name.empty() ? edit_->placeholderText()
+                                               : QString::fromStdString(wish_.name));
         dress(*edit_, field.environment);
     }
 
@@ -135,7 +139,7 @@ class DateField final : public RealField {
     void update(const Placed& field) override {
         wish_ = *field.node->dateField();
         if (!edit_->hasFocus() && wish_.day != edit_->date()) edit_->setDate(wish_.day);
-        edit_->setAccessibleName(QString::fromStdString(wish_.name));
+        setReadName(*edit_, QString::fromStdString(wish_.name));
         dress(*edit_, field.environment);
     }
 
@@ -157,7 +161,6 @@ class ButtonField final : public RealField {
     void update(const Placed& field) override {
         keys_->press = field.node->interaction()->press;
         keys_->focused = field.node->interaction()->focused;
-        keys_->setAccessibleName(QString::fromStdString(elements(field).front().name));
     }
 
  private:

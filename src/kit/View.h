@@ -112,6 +112,7 @@ View group(std::vector<std::pair<std::uint64_t, View>> keyed);
 template <typename Range, typename Key, typename Build>
 View forEach(const Range& range, Key key, Build build) {
     std::vector<std::pair<std::uint64_t, View>> keyed;
+    keyed.reserve(std::size(range));
     for (const auto& element : range) {
         keyed.emplace_back(static_cast<std::uint64_t>(key(element)), build(element));
     }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "kit/ButtonKeys.h"
 #include "kit/HostingWindow.h"
 #include "kit/Stacks.h"
 #include "kit/TextField.h"
@@ -90,6 +91,30 @@ TEST(Hosting, TheFocusIsSeenAndOutlivesWhatHadIt) {
     window.view.refresh();
     window.key(Qt::Key_Return, "\r");
     EXPECT_EQ(scene.pressed.back(), "default");
+}
+
+TEST(Hosting, WhatTheLossOfTheFocusChangesWaitsForTheRebuild) {
+    std::vector<int> shown{1, 2, 3};
+    Window* host = nullptr;
+    const auto left = [&](bool has) {
+        if (has) return;
+        host->animations.withAnimation(spring(0.3, 0.8), [&] {
+            shown = {3};
+            host->view.invalidate();
+        });
+    };
+    const auto button = [&](int) { return box(20, 20).button([] {}, PressKeys::space, left); };
+    Window window([&] {
+        return hstack({}, {forEach(
+                              shown, [](int n) { return n; }, button)});
+    });
+    host = &window;
+    window.key(Qt::Key_Tab, "\t");
+    shown = {2, 3};
+    window.view.invalidate();
+    EXPECT_EQ(window.view.fittingSize().width(), 20);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(window.view.findChildren<ButtonKeys*>().size(), 1);
 }
 
 TEST(Hosting, AFieldTakesTheFocusAndTheTextThatTheModelGivesIt) {

@@ -44,7 +44,8 @@ ScreenReader::ScreenReader(const QString& sessionBus)
 
 // Programs tell only what somebody has asked to be told.
 void ScreenReader::listen() {
-    for (const char* event : {"object:state-changed:focused", "object:state-changed:showing"})
+    for (const char* event : {"object:state-changed:focused", "object:state-changed:showing",
+                              "object:property-change:accessible-name"})
         ask(registry, "org.a11y.atspi.Registry", "RegisterEvent", {event, QStringList(), ""});
     listener_.listen(bus_, {}, "org.a11y.atspi.Event.Object", "StateChanged");
 }
