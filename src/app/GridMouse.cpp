@@ -1,6 +1,7 @@
 #include "app/GridMouse.h"
 
 #include <chrono>
+#include <utility>
 #include <vector>
 
 #include "model/Store.h"
@@ -42,9 +43,8 @@ bool GridMouse::onProposal(const QPointF& at) const {
 }
 
 bool GridMouse::press(const QPointF& at) {
-    if (!listens()) return false;
     drag_.reset();
-    if (!onGrid(at)) return false;
+    if (!listens() || !onGrid(at)) return false;
     if (!onProposal(at)) store_.propose(store_.column(at.x() - Metrics::gridX, Metrics::pitch));
     if (store_.proposal()) drag_ = Drag{at.x(), *store_.proposal()};
     return true;
@@ -58,9 +58,8 @@ bool GridMouse::move(const QPointF& at) {
 }
 
 bool GridMouse::release() {
-    if (!listens() || !drag_) return false;
-    drag_.reset();
-    return true;
+    // Let go of elsewhere, too: in the settings it would go on when they are left.
+    return std::exchange(drag_, std::nullopt) && listens();
 }
 
 }  // namespace noonward

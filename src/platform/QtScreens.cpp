@@ -22,6 +22,8 @@ QtScreens::QtScreens() {
 void QtScreens::watch(QScreen& screen) {
     const auto changed = [this] { reconsider(); };
     QObject::connect(&screen, &QScreen::geometryChanged, &context_, changed);
+    // Upside down it is as large as before, and its camera somewhere else.
+    QObject::connect(&screen, &QScreen::orientationChanged, &context_, changed);
 }
 
 std::vector<Screen> QtScreens::all() const {
@@ -49,10 +51,9 @@ Subscription QtScreens::onChange(std::function<void()> action) {
 
 QtScreens::State QtScreens::state() const {
     State result{.statusBar = statusBarThickness()};
-    if (const QScreen* primary = QGuiApplication::primaryScreen())
-        result.frames.push_back(primary->geometry());
-    for (const QScreen* screen : QGuiApplication::screens())
-        result.frames.push_back(screen->geometry());
+    if (const auto primary = main()) result.screens.push_back(*primary);
+    for (Screen& screen : all())
+        result.screens.push_back(std::move(screen));
     return result;
 }
 

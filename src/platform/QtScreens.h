@@ -30,7 +30,7 @@ class QtScreens : public Screens {
 
  private:
     struct State {
-        std::vector<QRectF> frames;  // the main screen's first
+        std::vector<Screen> screens;  // the main one first
         double statusBar = 0;
         bool operator==(const State&) const = default;
     };

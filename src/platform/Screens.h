@@ -16,6 +16,8 @@ struct Screen {
     /// The usable strips beside the camera, in the screen's own or in desktop coordinates.
     std::optional<QRectF> auxiliaryTopLeft;
     std::optional<QRectF> auxiliaryTopRight;
+
+    bool operator==(const Screen&) const = default;
 };
 
 /// The monitors of this desktop.

@@ -11,7 +11,7 @@ namespace noonward {
 class Session {
  public:
     enum class Claim {
-        first,    ///< this is the only copy in the session
+        first,    ///< this is the only copy in the session, but for one that is ending
         another,  ///< one is running already; it has been asked to come forward
         alone     ///< there is nobody to ask: go on
     };

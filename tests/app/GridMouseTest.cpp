@@ -132,5 +132,14 @@ TEST(GridMouse, LeavesOtherContentAlone) {
     }
 }
 
+TEST(GridMouse, LetGoOfElsewhereTheMeetingStays) {
+    Grid grid;
+    grid.mouse.press({atHour(10.5), 100});
+    grid.ui.settingsShown = true;
+    grid.mouse.release();
+    grid.ui.settingsShown = false;
+    EXPECT_FALSE(grid.mouse.move({atHour(12.5), 100}));
+}
+
 }  // namespace
 }  // namespace noonward::test

@@ -134,7 +134,7 @@ TEST_F(AutostartLoginItemTest, KeepsWhatTheUserAdded) {
     item({"KDE"}).set(true);
     EXPECT_NE(readText(in(user)).find("OnlyShowIn=GNOME;Fancy;KDE;\n"), std::string::npos);
 
-    for (const char* aside : {".unreadable", ".unreadable2"}) {
+    for (const char* aside : {".unreadable", ".unreadable.2"}) {
         writeText(in(user), std::string("no entry ") + aside);
         item().set(true);
         EXPECT_EQ(readText(in(user).string() + aside), std::string("no entry ") + aside);
@@ -184,6 +184,9 @@ TEST_F(AutostartLoginItemTest, ARefusalIsSilent) {
     item().set(true);
     EXPECT_FALSE(item().enabled());
     EXPECT_FALSE(fs::exists(user));
+    writeText(in(user), "no entry");
+    item().set(true);
+    EXPECT_EQ(readText(in(user)), "no entry");
 }
 
 TEST(DesktopEntryTest, QuotesWhatItsReadersWouldTakeForMore) {

@@ -7,6 +7,7 @@
 #include <QDBusPendingCall>
 #include <QVariantMap>
 #include <future>
+#include <optional>
 
 #include "support/PrivateBus.h"
 #include "support/Wait.h"
@@ -42,12 +43,28 @@ TEST(BusSessionTest, TheSecondCopyBringsTheFirstForward) {
     }
 }
 
-TEST(BusSessionTest, TheSecondCopyDoesNotWaitForABusyFirst) {
+TEST(BusSessionTest, TheSecondCopyGivesUpOnABusyFirst) {
     const PrivateBus daemon;
     SessionBus bus(daemon.address());
     BusSession first(bus);
     ASSERT_EQ(first.claim([] {}), Claim::first);
     EXPECT_EQ(claimElsewhere(daemon.address()).get(), Claim::another);  // nothing runs here
+}
+
+// It has the name still, and nothing any more that could come forward.
+TEST(BusSessionTest, TheSecondCopyFollowsAFirstThatIsEnding) {
+    const PrivateBus daemon;
+    std::optional<SessionBus> ending(daemon.address());
+    ASSERT_TRUE(ending->connection().registerService("com.ostrelmead.noonward"));
+    SessionBus bus(daemon.address());
+    BusSession second(bus);
+    int activated = 0;
+    EXPECT_EQ(second.claim([&] { ++activated; }), Claim::first);
+    ending.reset();
+    auto third = claimElsewhere(daemon.address());
+    EXPECT_TRUE(eventually([&] { return isReady(third); }));
+    EXPECT_EQ(third.get(), Claim::another);
+    EXPECT_EQ(activated, 1);
 }
 
 TEST(BusSessionTest, GoesOnAloneWithoutABus) {

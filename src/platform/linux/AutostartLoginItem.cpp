@@ -51,7 +51,7 @@ bool contains(const std::vector<std::string>& list, const std::string& name) {
 bool putAside(const fs::path& folder) {
     const QString file = QString::fromStdString(folder / fileName);
     for (int number = 1; number < 100; ++number) {
-        const QString suffix = number > 1 ? QString::number(number) : QString();
+        const QString suffix = number > 1 ? '.' + QString::number(number) : QString();
         if (QFile::rename(file, file + ".unreadable" + suffix)) return true;
     }
     return false;
@@ -101,17 +101,16 @@ void AutostartLoginItem::set(bool on) {
     const FileContents file = read(setting_.user);
     const bool isReadable = file.state == FileContents::State::read;
     if (!isReadable && file.state != FileContents::State::missing) return;
+    if (on && found(setting_.program).isEmpty()) return;
     const std::optional<DesktopEntry> known = DesktopEntry::parse(file.bytes);
     if (isReadable && !known && !putAside(setting_.user)) return;
     DesktopEntry entry = known.value_or(DesktopEntry());
     entry.set("Type", "Application");
     if (!entry.string("Name")) entry.set("Name", "Noonward");
-    if (!on)
-        entry.set("Hidden", "true");
-    else if (found(setting_.program).isEmpty())
-        return;
-    else
+    if (on)
         switchOn(entry);
+    else
+        entry.set("Hidden", "true");
     write(setting_.user, entry.text());
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/BusSession.h"
 
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QVariantMap>
@@ -15,14 +16,15 @@ const QString path = QStringLiteral("/com/ostrelmead/noonward");
 const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
 
 // The bus's own numbers (D-Bus Specification, RequestName).
+constexpr std::uint32_t queue = 0;
 constexpr std::uint32_t doNotQueue = 4;
 constexpr std::uint32_t nameExists = 3;
 
-QDBusMessage requestName() {
+QDBusMessage requestName(std::uint32_t flags) {
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
-    call << name << doNotQueue;
+    call << name << flags;
     return call;
 }
 
@@ -31,6 +33,12 @@ QDBusMessage activate() {
                                                QStringLiteral("Activate"));
     call << QVariantMap();
     return call;
+}
+
+// A copy that is only busy will come forward later.
+bool isRefusal(const QDBusMessage& answer) {
+    return answer.type() == QDBusMessage::ErrorMessage &&
+           QDBusError(answer).type() != QDBusError::NoReply;
 }
 
 }  // namespace
@@ -81,12 +89,16 @@ Session::Claim BusSession::claim(std::function<void()> activated) {
     // Callable before it has the name: whoever finds that taken calls at once.
     application_ = std::make_unique<Application>(std::move(activated));
     bus.registerVirtualObject(path, application_.get(), QDBusConnection::SingleNode);
-    const QDBusMessage answer = bus.call(requestName(), QDBus::Block, longestWait);
+    const QDBusMessage answer = bus.call(requestName(doNotQueue), QDBus::Block, longestWait);
     if (answer.type() != QDBusMessage::ReplyMessage) return Claim::alone;
     if (answer.arguments().value(0).toUInt() != nameExists) return Claim::first;
+    if (isRefusal(bus.call(activate(), QDBus::Block, longestWait))) {
+        // That copy is ending: this one has the name as soon as it is free.
+        bus.call(requestName(queue), QDBus::Block, longestWait);
+        return Claim::first;
+    }
     bus.unregisterObject(path);
     application_.reset();
-    bus.call(activate(), QDBus::Block, longestWait);
     return Claim::another;
 }
 

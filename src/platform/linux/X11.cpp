@@ -48,7 +48,6 @@ std::unique_ptr<X11> X11::connect(std::optional<bool> insideWayland) {
         qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     if (!native || !native->connection()) return nullptr;
     int number = 0;
-    std::string host;
     char* name = nullptr;
     int display = 0;
     if (xcb_parse_display(nullptr, &name, &display, &number)) std::free(name);

@@ -15,7 +15,7 @@ class X11HotKeys final : public HotKeys {
     explicit X11HotKeys(X11& x11);  ///< which must outlive this object
     ~X11HotKeys() override;
 
-    /// `unavailable`: no letter's key code, or the keyboard has no such modifier.
+    /// `unavailable`: no letter's key code, or no such letter on the keyboard.
     Outcome registerKey(int keyCode, std::uint32_t modifiers, std::uint32_t id,
                         std::function<void(std::uint32_t id)> pressed) override;
 
