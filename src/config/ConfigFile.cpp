@@ -82,7 +82,8 @@ FileContents ConfigFile::read() {
 
     FileContents old = readRegularFile(paths_.oldFile, largestFile);
     if (access_ == Access::readOnly || old.state == State::failed) return old;
-    if (old.state == State::read) file.write(old.bytes, [](std::string_view) { return false; });
+    const auto nothingThere = [](std::string_view) { return false; };
+    if (old.state == State::read && !file.write(old.bytes, nothingThere)) return old;
     return file.read();
 }
 

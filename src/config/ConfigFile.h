@@ -38,8 +38,9 @@ class ConfigFile {
 
     /// The stored configuration, tidied. The first time, an older version's file is adopted.
     /// Rewrites a file that is missing or not in the current form. A file that is not a valid
-    /// configuration gives defaults and stays untouched until the next save. `here` is this
-    /// computer's zone, from which defaults are made.
+    /// configuration gives defaults and stays untouched until the next save; what is no readable
+    /// file at all is put aside at once. `here` is this computer's zone, from which defaults are
+    /// made.
     Config load(const TimeZone& here);
 
     /// Writes the configuration as it is. A file that the last load could not take in is put aside
