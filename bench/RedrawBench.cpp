@@ -108,8 +108,9 @@ int main(int argc, char** argv) {
     bool kept = true;
     for (const auto& [name, what] : {std::pair{"redraw/rolling:0", "model queries of a redraw"},
                                      {"redraw/rolling:1", "model queries of a rolling redraw"}}) {
-        kept &= noonward::bench::keepsBudget(what, reporter.time(name) / 1000, "µs",
-                                             noonward::bench::budgetMicroseconds);
+        const auto nanoseconds = reporter.time(name);
+        kept &= nanoseconds && noonward::bench::keepsBudget(what, *nanoseconds / 1000, "µs",
+                                                            noonward::bench::budgetMicroseconds);
     }
     return kept ? 0 : 1;
 }

@@ -4,11 +4,11 @@
 #include <QApplication>
 #include <deque>
 #include <filesystem>
-#include <fstream>
 #include <utility>
 
 #include "Budget.h"
 #include "LiveServer.h"
+#include "Measures.h"
 #include "app/AppDelegate.h"
 #include "app/Planner.h"
 #include "platform/MainQueue.h"
@@ -48,14 +48,6 @@ class NoZoneChanges final : public ZoneChanges {
     Subscription subscribe(std::function<void()>) override { return {}; }
 };
 
-double privateDirtyKiB() {
-    std::ifstream file("/proc/self/smaps_rollup");
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with("Private_Dirty:")) return std::stod(line.substr(14));
-    }
-    return 0;
-}
-
 void openAndClose(AppDelegate& delegate, ImpatientQueue& queue) {
     for (int i = 0; i < 2; ++i) {
         delegate.togglePanel();
@@ -82,10 +74,10 @@ int run(int argc, char** argv, int openings) {
     // Caches fill first.
     for (int i = 0; i < openings / 10; ++i)
         openAndClose(delegate, queue);
-    const double before = privateDirtyKiB();
+    const double before = privateDirtyKiB(getpid());
     for (int i = 0; i < openings; ++i)
         openAndClose(delegate, queue);
-    const double grown = privateDirtyKiB() - before;
+    const double grown = privateDirtyKiB(getpid()) - before;
     const std::string what = std::to_string(openings) + " openings and closings";
     return noonward::bench::keepsBudget(what, grown, "KiB grown", budgetKiB) ? 0 : 1;
 }

@@ -17,7 +17,9 @@ namespace noonward::bench {
 /// A ribbon of six places on a fixed morning, without files.
 class RibbonFixture {
  public:
-    RibbonFixture() {
+    RibbonFixture() { store.showWithoutSaving(config()); }
+
+    static Config config() {
         Config config = Config::defaults(*TimeZone::find("Europe/London"));
         config.places.resize(1);
         const std::pair<const char*, const char*> others[] = {{"New York", "America/New_York"},
@@ -28,7 +30,7 @@ class RibbonFixture {
         for (const auto& [label, zone] : others) {
             config.places.push_back({.label = label, .shortName = "X", .zone = zone});
         }
-        store.showWithoutSaving(config);
+        return config;
     }
 
     kit::Placed placed() const { return kit::layOut(panel.body(Scheme::dark), rootEnvironment()); }

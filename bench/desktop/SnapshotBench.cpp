@@ -1,23 +1,24 @@
-// The whole process that draws the user's ribbon to a file, from start to exit, against this same
-// program encoding the same picture with QImage::save.
+// The whole process that draws the user's ribbon to a file, from start to exit, against another
+// that draws the ribbon of the same places and encodes it with QImage::save.
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QGuiApplication>
-#include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "Budget.h"
+#include "Measures.h"
 #include "RibbonFixture.h"
+#include "config/ConfigJson.h"
 
 namespace {
 
-constexpr const char* picture = "/tmp/noonward-snapshot-bench.png";
 constexpr int runs = 25;
 constexpr double budgetMilliseconds = 60;
 constexpr double budgetRatio = 0.5;
@@ -36,17 +37,12 @@ double millisecondsOf(const char* program, const char* argument) {
     return took.count();
 }
 
-double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
 int saveWithQt(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     noonward::registerFonts();
     const noonward::bench::RibbonFixture fixture;
-    return fixture.picture().save(QString::fromLatin1(picture), "PNG") ? 0 : 1;
+    return fixture.picture().save(qEnvironmentVariable("NOONWARD_SNAPSHOT"), "PNG") ? 0 : 1;
 }
 
 }  // namespace
@@ -54,14 +50,22 @@ int saveWithQt(int argc, char** argv) {
 int main(int argc, char** argv) {
     if (argc > 1 && std::string(argv[1]) == "--with-qt") return saveWithQt(argc, argv);
 
-    setenv("NOONWARD_SNAPSHOT", picture, 1);
+    const auto home = std::filesystem::temp_directory_path() /
+                      ("noonward-snapshot-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(home / "Noonward");
+    std::ofstream(home / "Noonward/places.json")
+        << noonward::encodeConfig(noonward::bench::RibbonFixture::config());
+    setenv("XDG_DATA_HOME", home.c_str(), 1);
+    setenv("TZ", "Europe/London", 1);
+    setenv("NOONWARD_SNAPSHOT", (home / "ribbon.png").c_str(), 1);
     std::vector<double> ours;
     std::vector<double> withQt;
     for (int i = 0; i < runs; ++i) {
         ours.push_back(millisecondsOf(NOONWARD_PROGRAM, nullptr));
         withQt.push_back(millisecondsOf(argv[0], "--with-qt"));
     }
-    std::remove(picture);
+    std::filesystem::remove_all(home);
+    using noonward::bench::median;
     const double ratio = median(ours) / median(withQt);
     using noonward::bench::keepsBudget;
     bool kept = keepsBudget("snapshot process", median(ours), "ms", budgetMilliseconds);
