@@ -47,7 +47,7 @@ void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& messag
     std::_Exit(1);
 }
 
-// No monitor is looked at: the notch is as large as where there is no camera.
+// The off-screen platform has one screen, and no camera: the notch is as large as anywhere else.
 void measureNotch(NotchUI& ui) {
     const QtScreens screens;
     const auto notch = findNotch(screens.all(), screens.main(), screens.statusBarThickness());

@@ -53,7 +53,7 @@ void changeConfiguration(const Demonstration& demonstration, Store& store, const
     const auto show = [&store](auto edit) {
         Config config = store.config();
         edit(config);
-        store.showWithoutSaving(std::move(config));
+        store.showWithoutSaving(config);
     };
     if (demonstration.five) show([](Config& config) { leaveOut(config, "San Francisco"); });
     if (demonstration.travel) {

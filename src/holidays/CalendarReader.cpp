@@ -58,8 +58,8 @@ class Lines {
     bool lineEnded_ = false;
 };
 
-/// TEXT without its escapes (RFC 5545 §3.3.11; a doubled backslash stays as it is) and without
-/// white space at both ends.
+/// TEXT without white space at both ends and without the escapes of commas, semicolons and line
+/// ends (RFC 5545 §3.3.11). Doubled backslashes stay as they are: no name of a day has any.
 std::string unescaped(std::string_view text) {
     std::string result;
     result.reserve(text.size());

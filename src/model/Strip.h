@@ -53,7 +53,8 @@ struct StripPlace {
 /// hours before the current hour. Days beyond the calendar show today.
 Strip stripAt(const StripPlace& place);
 
-/// The `dayOffset` of the strip that contains an instant; that of `place` does not count.
+/// The `dayOffset` of the strip of an instant's day; that of `place` does not count. The last hour
+/// of a day of 25 lies behind its strip.
 int dayOffsetShowing(const StripPlace& place, Instant at);
 
 /// `at` moved by a length, kept within the years 1 to 9999.

@@ -9,9 +9,8 @@
 
 namespace noonward {
 
-/// Finds the world's larger places by name, in sorted tables: of the names they are found by,
-/// and of what places have in common. They are searched where they lie: nothing is read in, built
-/// or kept.
+/// Finds the world's larger places by name. It searches two sorted tables where they lie, one of
+/// names and one of areas: nothing is read in, built or kept.
 class Gazetteer {
  public:
     static constexpr std::size_t most = 12;          ///< places that a search gives
@@ -25,11 +24,11 @@ class Gazetteer {
     /// of each time zone.
     static const Gazetteer& builtIn();
 
-    /// At most `most` places whose names begin with a text (see `placeKey`): best
-    /// first, which is by population, but a name that is the whole text counts for much more, and
-    /// one of which only a later word begins so for much less. A text may end with the place's
-    /// region, country or both ("Springfield, MO", "paris texas"). Each has all its fields but
-    /// the region, which not all have, and is named as it was asked for: "Cologne" or "Köln".
+    /// At most `most` places whose names begin with a text (see `placeKey`), best first: larger
+    /// places go first, but a name that equals the whole text counts for much more, and one of
+    /// which only a later word begins so for much less. A text may end with the place's region,
+    /// country or both ("Springfield, MO", "paris texas"). Each has all its fields but the region,
+    /// which not all have, and is named as it was asked for: "Cologne" or "Köln".
     std::vector<Placemark> search(std::string_view typed) const;
 
     std::string_view places() const { return places_; }

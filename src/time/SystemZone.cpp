@@ -60,7 +60,6 @@ TimeZone systemZone(const fs::path& root, const char* variable) {
 }
 
 TimeZone ComputerZone::current() const {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here writes to the environment.
     if (!held_) held_ = systemZone("/", std::getenv("TZ"));
     return *held_;
 }

@@ -30,9 +30,9 @@ class TimeZone {
     static TimeZone utc();
 
     /// Whether an identifier may name a zone here: zone.tab or a `Z` or `L` line of tzdata.zi
-    /// lists it, and its file loads. Empty text, "Factory", paths and POSIX strings are unknown.
-    /// Costs a look at the file, not a load: a file that is damaged inside is still known, and
-    /// not found.
+    /// lists it, and there is a file of the right form for it. Empty text, "Factory", paths and
+    /// POSIX strings are unknown. Only the file's beginning is looked at: one that is damaged
+    /// further in is known, and yet not found.
     static bool isKnown(std::string_view identifier);
 
     /// The identifiers of zone.tab, sorted by code point: the zones that people live in.

@@ -90,7 +90,7 @@ TEST(KeyRouting, FollowsTheTable) {
         const char* effect;
     };
     const std::vector<Case> cases = {
-        // 1 to 4: where something else is shown, text fields get what they need.
+        // Where something else is shown, text fields get what they need.
         {Shown::welcome, key(Key::escape), "close"},
         {Shown::welcome, command(typed("w")), "passes"},
         {Shown::welcome, typed("7"), "passes"},
@@ -108,7 +108,7 @@ TEST(KeyRouting, FollowsTheTable) {
         {Shown::settings, command(shift(typed("W"))), "passes"},
         {Shown::settings, command(typed("q")), "passes"},
         {Shown::settings, typed("u"), "passes"},
-        // 5 to 7: exactly these, and with Command nothing else.
+        // With Command exactly these.
         {Shown::ribbon, command(typed("w")), "close"},
         {Shown::ribbon, command(typed("q")), "quit"},
         {Shown::ribbon, command(typed("c")), "text"},
@@ -117,7 +117,7 @@ TEST(KeyRouting, FollowsTheTable) {
         {Shown::ribbon, command(typed("7")), "passes"},
         {Shown::ribbon, command(key(Key::rightArrow)), "passes"},
         {Shown::ribbon, command(key(Key::escape)), "passes"},
-        // 8 to 11.
+        // Arrows, Escape, and what begins a time.
         {Shown::ribbon, key(Key::rightArrow), "moved 5"},
         {Shown::ribbon, shift(key(Key::rightArrow)), "moved 60"},
         {Shown::ribbon, key(Key::leftArrow), "moved -5"},
@@ -128,7 +128,7 @@ TEST(KeyRouting, FollowsTheTable) {
         {Shown::ribbon, typed("12"), "passes"},
         {Shown::ribbon, {.characters = "", .charactersUnmodified = "7"}, "passes"},
         {Shown::ribbon, {.characters = "7", .charactersUnmodified = "é"}, "moved -120, typing 7"},
-        // 12 to 23: capitals act as their letters.
+        // Letters; capitals act as theirs.
         {Shown::ribbon, typed("h"), "moved -60"},
         {Shown::ribbon, typed("l"), "moved 60"},
         {Shown::ribbon, shift(typed("L")), "moved 60"},

@@ -41,6 +41,7 @@ bool Sight::isTrapAt(const QRect& where) {
 
 std::uint32_t Sight::colour(QPoint at) {
     const auto bytes = client_.pixels({at, QSize(1, 1)});
+    if (bytes.empty()) return 0;
     return static_cast<std::uint32_t>(bytes.at(0) | bytes.at(1) << 8 | bytes.at(2) << 16);
 }
 

@@ -29,7 +29,7 @@ class Sight {
     /// Whether something lies there that takes the pointer and is nobody's window.
     bool isTrapAt(const QRect& where);
 
-    /// 0xRRGGBB
+    /// 0xRRGGBB; black off the screen
     std::uint32_t colour(QPoint at);
     /// Whether there is anything at least that bright.
     bool isBright(const QRect& where, std::uint8_t least);

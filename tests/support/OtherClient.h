@@ -116,13 +116,14 @@ class OtherClient {
         return {first, first + xcb_query_tree_children_length(tree.get())};
     }
 
-    /// What the screen shows there.
+    /// What the screen shows there; nothing where any of it is off the screen.
     std::vector<std::uint8_t> pixels(const QRect& at) {
         const auto cookie = xcb_get_image(
             connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, static_cast<std::int16_t>(at.x()),
             static_cast<std::int16_t>(at.y()), static_cast<std::uint16_t>(at.width()),
             static_cast<std::uint16_t>(at.height()), ~0U);
         const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(connection_, cookie, nullptr));
+        if (!image) return {};
         const std::uint8_t* first = xcb_get_image_data(image.get());
         return {first, first + xcb_get_image_data_length(image.get())};
     }

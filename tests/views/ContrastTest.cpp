@@ -39,7 +39,7 @@ double luminance(QRgb colour) {
 }
 
 double contrast(QRgb a, QRgb b) {
-    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 

@@ -6,8 +6,8 @@
 #include "views/Picture.h"
 #include "views/RibbonScene.h"
 
-// Reads positions and colours back from the painted ribbon and compares them with what the design
-// says, worked out here in its own numbers.
+// Reads positions and colours back from the painted ribbon and compares them with what they should
+// be, worked out here in numbers of its own.
 
 namespace noonward::test {
 namespace {

@@ -4,8 +4,8 @@
 #include "views/Picture.h"
 #include "views/SettingsScene.h"
 
-// Reads the painted settings back and compares them with what the design says, worked out here in
-// its own numbers, in points.
+// Reads the painted settings back and compares them with what they should be, worked out here in
+// numbers of its own, in points.
 
 namespace noonward::test {
 namespace {

@@ -12,7 +12,7 @@
 #include "views/NotchUI.h"
 #include "views/Picture.h"
 
-// Positions and colours read back from the welcome, against the design's own numbers.
+// Positions and colours read back from the welcome, against numbers worked out here.
 
 namespace noonward::test {
 namespace {

@@ -8,9 +8,9 @@
 
 namespace noonward {
 
-/// A small button of a symbol and a text; the symbol comes last when `trailing`. `name` is for
-/// those who cannot see the symbol.
-kit::View nudge(const Palette& palette, kit::SymbolSource symbol, const std::string& title,
+/// A small button of a symbol, mostly an arrow, and a text; the symbol comes last when `trailing`.
+/// `name` is for those who cannot see the symbol.
+kit::View nudge(const Palette& palette, kit::SymbolSource direction, const std::string& title,
                 bool trailing, const std::string& name, std::function<void()> action);
 
 /// The meeting lengths, the present one highlighted.

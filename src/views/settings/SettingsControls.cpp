@@ -56,7 +56,8 @@ View labelledSwitch(const Palette& palette, View label, bool isOn,
 }
 
 View stepper(const Palette& palette, const std::string& what, double value,
-             const std::function<bool(double by)>& can, std::function<void(double by)> action) {
+             const std::function<bool(double by)>& can,
+             const std::function<void(double by)>& action) {
     return hstack({.spacing = 4},
                   {
                       stepButton(palette, "−", what + ": half an hour earlier", can(-0.5),

@@ -17,7 +17,8 @@ kit::View labelledSwitch(const Palette& palette, kit::View label, bool isOn,
 /// names it to those who cannot see what stands around; `can` tells whether a step would do
 /// something.
 kit::View stepper(const Palette& palette, const std::string& what, double value,
-                  const std::function<bool(double by)>& can, std::function<void(double by)> action);
+                  const std::function<bool(double by)>& can,
+                  const std::function<void(double by)>& action);
 
 struct IconButton {
     kit::SymbolSource symbol;

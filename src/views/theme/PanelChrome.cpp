@@ -1,5 +1,7 @@
 #include "views/theme/PanelChrome.h"
 
+#include <utility>
+
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "views/theme/Velmora.h"
@@ -56,7 +58,7 @@ View panelChrome(const PanelChromeSpec& options, View content) {
     return vstack({.align = Horizontal::leading, .spacing = 0},
                   {
                       brandStripe(),
-                      content,
+                      std::move(content),
                   })
         .colour(options.palette.text)
         .background(rectangle().fill(backdrop(options)))
