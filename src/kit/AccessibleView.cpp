@@ -71,10 +71,12 @@ QAccessibleInterface* AccessibleView::parentOf(Id id) const {
 }
 
 const std::vector<Element>& AccessibleView::tree() const {
-    const Placed& placed = view_.placed();  // pending changes are taken up first
     if (stale_) {
         stale_ = false;
-        tree_ = elements(placed);
+        // As it was built last. Toolkit and readers ask in the middle of showing, hiding and
+        // closing windows: nothing may be built anew there. What is pending is told when it is
+        // there.
+        tree_ = elements(view_.built());
         byId_.clear();
         parents_.clear();
         enter(tree_, std::nullopt);

@@ -38,6 +38,9 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// Where everything is once nothing moves any more, pending changes included.
     const Placed& placed();
 
+    /// The same as it was built last: without pending changes, and safe to ask for at any time.
+    const Placed& built() const { return presentation_.target(); }
+
     /// The ideal size of the body, in points, pending changes included.
     QSizeF fittingSize();
 

@@ -313,5 +313,22 @@ TEST(Hosting, ScreenReadersSeeEveryButtonAndText) {
     QAccessible::setActive(false);
 }
 
+// They are told in the middle of hiding a window, and ask back: new fields would be made in there.
+TEST(Hosting, ScreenReadersBuildNothing) {
+    installAccessibility();
+    int built = 0;
+    Window window([&] {
+        ++built;
+        return box(20, 20).button([] {}, PressKeys::space);
+    });
+    QAccessible::setActive(true);
+    window.view.invalidate();
+    const int before = built;
+    window.view.hide();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window.view)->childCount(), 1);
+    EXPECT_EQ(built, before);
+    QAccessible::setActive(false);
+}
+
 }  // namespace
 }  // namespace kit

@@ -73,7 +73,7 @@ class Soak : public Desktop {
         });
         hand.key("Control+Alt+t");
         see("the panel", [this] { return isPanelSeen(); });
-        hand.key("Control+w");
+        hand.key("Control+Alt+t");
         see("the panel gone", [this] { return sight.windows().empty(); });
     }
 
