@@ -11,5 +11,5 @@ scripts/build.sh release  # for what is generated
 nice cppcheck --quiet -j "$(nproc)" --error-exitcode=1 --std=c++20 --language=c++ \
     --enable=warning,performance,portability --inline-suppr --suppressions-list=.cppcheck-suppressions \
     --library=googletest,posix -I src -I tests src tests bench fuzz tools
-nice run-clang-tidy -quiet -p build/release "$PWD/(src|tests|bench|fuzz)/.*${1:-}" 2>&1 |
+nice run-clang-tidy -quiet -p build/release "^$PWD/(?=src|tests|bench|fuzz).*${1:-}.*\.cpp\$" 2>&1 |
     grep -vE '^clang-tidy|^[0-9]+ warnings (generated|treated)|^$' || ((PIPESTATUS[0] == 0))

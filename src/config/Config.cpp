@@ -46,7 +46,7 @@ std::vector<std::string> tidiedFavourites(const std::vector<std::string>& favour
     std::vector<std::string> kept{home};
     for (const std::string& favourite : favourites) {
         if (kept.size() == favouritesKept) break;
-        if (labels.count(unicode::caseFolded(favourite)) > 0) kept.push_back(favourite);
+        if (labels.contains(unicode::caseFolded(favourite))) kept.push_back(favourite);
     }
     return kept;
 }

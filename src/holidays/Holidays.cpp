@@ -97,7 +97,7 @@ const HolidayDays* Holidays::days(const std::string& country) const {
 }
 
 bool Holidays::isMissing(const std::string& country) const {
-    return missing_.count(country) > 0;
+    return missing_.contains(country);
 }
 
 HolidayDays Holidays::parse(std::string_view text) {

@@ -72,7 +72,8 @@ void Animations::withAnimation(const Curve& curve, const std::function<void()>& 
 }
 
 void Animations::settleAll(const std::optional<Curve>& curve) {
-    // By index: settling may bring new members.
+    // Settling may bring new members.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (std::size_t i = 0; i < members_.size(); ++i)
         members_[i]->settle(curve);
 }

@@ -15,7 +15,7 @@ namespace {
 using Done = std::function<void(std::optional<HttpResponse>)>;
 
 constexpr int mostRedirects = 5;
-constexpr qint64 bufferSize = 64 * 1024;  // what may arrive unread
+constexpr qint64 bufferSize = 64 << 10;  // what may arrive unread
 
 bool isHttps(const QUrl& url) {
     return url.isValid() && url.scheme() == QLatin1String("https") && !url.host().isEmpty();

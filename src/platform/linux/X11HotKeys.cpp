@@ -3,6 +3,7 @@
 #include <QMetaObject>
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -130,13 +131,13 @@ X11HotKeys::Roles X11HotKeys::currentRoles() const {
 
     const auto has = [&](xcb_keycode_t code, std::uint32_t wanted) {
         if (code < setup->min_keycode) return false;
-        const int width = symbols->keysyms_per_keycode;
+        const std::ptrdiff_t width = symbols->keysyms_per_keycode;
         const xcb_keysym_t* first =
             xcb_get_keyboard_mapping_keysyms(symbols.get()) + (code - setup->min_keycode) * width;
         return std::find(first, first + width, wanted) != first + width;
     };
     const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    const int width = modifiers->keycodes_per_modifier;
+    const std::ptrdiff_t width = modifiers->keycodes_per_modifier;
     for (int bit = XCB_MAP_INDEX_5; bit >= XCB_MAP_INDEX_1; --bit) {
         for (const xcb_keycode_t* code = codes + bit * width; code != codes + (bit + 1) * width;
              ++code) {
@@ -159,7 +160,7 @@ void X11HotKeys::watch(const xcb_generic_event_t& event, std::uint8_t type) {
             key.lastUp = stroke.time;
             continue;
         }
-        const std::uint16_t locks = static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | roles_.numLock);
+        const auto locks = static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | roles_.numLock);
         constexpr std::uint16_t modifierBits = 0xff;  // above are layout and buttons
         if ((stroke.state & modifierBits & ~locks) != maskOf(key.modifiers, roles_)) continue;
         const bool repeats = isRepeat(key, stroke.time);

@@ -84,9 +84,10 @@ View cell(const RibbonContext& context, const Row& row, Instant start) {
 }
 
 std::vector<MaskStop> fadedMargins() {
-    std::vector<MaskStop> stops;
     constexpr std::array<std::pair<double, double>, 8> distances{
         {{0, 0}, {21, 0.1}, {42, 0.45}, {60, 1}, {826, 1}, {844, 0.45}, {865, 0.1}, {886, 0}}};
+    std::vector<MaskStop> stops;
+    stops.reserve(distances.size());
     for (const auto& [distance, opacity] : distances) {
         stops.push_back({distance / stripWidth, opacity});
     }

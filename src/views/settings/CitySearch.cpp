@@ -98,6 +98,7 @@ bool offersLookUp(const std::string& query) {
 View results(const State& state, const Palette& palette) {
     const std::vector<City> cities = state->matches();
     std::vector<const City*> shown;
+    shown.reserve(cities.size());
     for (const City& city : cities)
         shown.push_back(&city);
     const std::vector<std::string> names = Cities::rowNames(shown);
