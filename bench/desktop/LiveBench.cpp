@@ -2,40 +2,49 @@
 // it is there, what it holds and does at rest, and how soon the panel is seen after the hot key.
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <map>
+#include <stdexcept>
+#include <string>
 #include <thread>
 
 #include "Budget.h"
 #include "LiveServer.h"
 #include "Measures.h"
+#include "support/PrivateBus.h"
+#include "support/Process.h"
+#include "support/TempFolder.h"
 
 namespace noonward::bench {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+using test::Process;
 
 constexpr int starts = 15;
 constexpr int openings = 15;
 
 class Desktop {
  public:
-    Desktop() : bus_({"dbus-daemon", "--session", "--nofork", "--print-address=1"}) {
-        const auto folder = data_ / "Noonward";
-        std::filesystem::create_directories(folder);
-        std::ofstream(folder / "places.json")
-            << R"({"places":[{"label":"London","short":"LON","zone":"Europe/London","home":true},
+    Desktop() {
+        test::writeText(data_ / "Noonward/places.json",
+                        R"({"places":[
+                {"label":"London","short":"LON","zone":"Europe/London","home":true},
                 {"label":"New York","short":"NYC","zone":"America/New_York"}],
-                "favourites":["London","New York"],"welcomed":true,"clickSound":false})";
+                "favourites":["London","New York"],"welcomed":true,"clickSound":false})");
         server.movePointer(800, 600);
     }
-    ~Desktop() { std::filesystem::remove_all(data_); }
 
     std::map<std::string, std::string> environment() const {
         return {{"DISPLAY", server.display()},
-                {"DBUS_SESSION_BUS_ADDRESS", bus_.line()},
-                {"XDG_DATA_HOME", data_},
+                {"DBUS_SESSION_BUS_ADDRESS", bus_.address().toStdString()},
+                {"HOME", data_.path()},
+                {"LANG", "C.UTF-8"},
+                {"PATH", "/usr/bin:/bin"},
+                {"XDG_DATA_HOME", data_.path()},
                 {"QT_QPA_PLATFORM", "xcb"},
                 {"QT_ACCESSIBILITY", "0"}};
     }
@@ -43,9 +52,8 @@ class Desktop {
     LiveServer server;
 
  private:
-    Service bus_;
-    std::filesystem::path data_ = std::filesystem::temp_directory_path() /
-                                  ("noonward-live-bench-" + std::to_string(getpid()));
+    test::PrivateBus bus_;
+    test::TempFolder data_;
 };
 
 double millisecondsToWindow(Desktop& desktop, const char* program) {
@@ -56,7 +64,6 @@ double millisecondsToWindow(Desktop& desktop, const char* program) {
     return Milliseconds(Clock::now() - start).count();
 }
 
-// From /proc/PID/smaps_rollup, in KiB.
 // How often any thread has gone to sleep since it began: it has woken as often.
 long sleeps(pid_t pid) {
     long all = 0;
@@ -79,10 +86,7 @@ double cpuSeconds(pid_t pid) {
 
 void pressHotKey(LiveServer& server) {
     constexpr std::uint8_t control = 37, alt = 64, letterT = 28;
-    for (const std::uint8_t key : {control, alt, letterT})
-        server.key(key, true);
-    for (const std::uint8_t key : {letterT, alt, control})
-        server.key(key, false);
+    server.strike({control, alt, letterT});
 }
 
 // A point of the panel's bottom half that nothing covers, in the middle of the screen.
@@ -90,7 +94,7 @@ constexpr int probeX = 800;
 constexpr int probeY = 60;
 
 double millisecondsToPanel(LiveServer& server) {
-    const std::uint32_t before = server.pixel(probeX, probeY);
+    const auto before = server.pixel(probeX, probeY);
     const auto start = Clock::now();
     pressHotKey(server);
     while (server.pixel(probeX, probeY) == before) {
@@ -124,15 +128,15 @@ int run(int restSeconds) {
     desktop.server.waitForMapping();
     std::this_thread::sleep_for(std::chrono::seconds(3));
     kept &= keepsBudget("memory at rest",
-                        privateDirtyKiB(program.pid()) / privateDirtyKiB(greeting.pid()),
+                        privateDirtyKiB(program.id()) / privateDirtyKiB(greeting.id()),
                         "x hello window", 2.5);
 
-    const long sleptBefore = sleeps(program.pid());
-    const double cpuBefore = cpuSeconds(program.pid());
+    const long sleptBefore = sleeps(program.id());
+    const double cpuBefore = cpuSeconds(program.id());
     std::this_thread::sleep_for(std::chrono::seconds(restSeconds));
-    const double slept = static_cast<double>(sleeps(program.pid()) - sleptBefore);
+    const double slept = static_cast<double>(sleeps(program.id()) - sleptBefore);
     kept &= keepsBudget("wakeups at rest", slept * 60 / restSeconds, "a minute", 6);
-    kept &= keepsBudget("CPU at rest", (cpuSeconds(program.pid()) - cpuBefore) * 100 / restSeconds,
+    kept &= keepsBudget("CPU at rest", (cpuSeconds(program.id()) - cpuBefore) * 100 / restSeconds,
                         "%", 0.02);
 
     std::vector<double> frames;

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <deque>
-#include <filesystem>
 #include <utility>
 
 #include "Budget.h"
@@ -14,6 +13,7 @@
 #include "platform/MainQueue.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "reference/GazetteerGeocoder.h"
+#include "support/TempFolder.h"
 #include "views/theme/Fonts.h"
 
 namespace noonward::bench {
@@ -89,14 +89,10 @@ int run(int argc, char** argv, int openings) {
 int main(int argc, char** argv) {
     noonward::bench::LiveServer server;
     server.movePointer(800, 600);
-    const auto data = std::filesystem::temp_directory_path() /
-                      ("noonward-openings-bench-" + std::to_string(getpid()));
-    std::filesystem::create_directories(data);
+    const noonward::test::TempFolder data;
     qputenv("DISPLAY", QByteArray::fromStdString(server.display()));
     qputenv("QT_QPA_PLATFORM", "xcb");
-    qputenv("XDG_DATA_HOME", QByteArray::fromStdString(data));
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString(data.path()));
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
-    const int status = noonward::bench::run(argc, argv, argc > 1 ? std::atoi(argv[1]) : 10'000);
-    std::filesystem::remove_all(data);
-    return status;
+    return noonward::bench::run(argc, argv, argc > 1 ? std::atoi(argv[1]) : 10'000);
 }

@@ -7,8 +7,6 @@
 #include <QGuiApplication>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -16,6 +14,7 @@
 #include "Measures.h"
 #include "RibbonFixture.h"
 #include "config/ConfigJson.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -50,12 +49,10 @@ int saveWithQt(int argc, char** argv) {
 int main(int argc, char** argv) {
     if (argc > 1 && std::string(argv[1]) == "--with-qt") return saveWithQt(argc, argv);
 
-    const auto home = std::filesystem::temp_directory_path() /
-                      ("noonward-snapshot-bench-" + std::to_string(getpid()));
-    std::filesystem::create_directories(home / "Noonward");
-    std::ofstream(home / "Noonward/places.json")
-        << noonward::encodeConfig(noonward::bench::RibbonFixture::config());
-    setenv("XDG_DATA_HOME", home.c_str(), 1);
+    const noonward::test::TempFolder home;
+    noonward::test::writeText(home / "Noonward/places.json",
+                              noonward::encodeConfig(noonward::bench::RibbonFixture::config()));
+    setenv("XDG_DATA_HOME", home.path().c_str(), 1);
     setenv("TZ", "Europe/London", 1);
     setenv("NOONWARD_SNAPSHOT", (home / "ribbon.png").c_str(), 1);
     std::vector<double> ours;
@@ -64,7 +61,6 @@ int main(int argc, char** argv) {
         ours.push_back(millisecondsOf(NOONWARD_PROGRAM, nullptr));
         withQt.push_back(millisecondsOf(argv[0], "--with-qt"));
     }
-    std::filesystem::remove_all(home);
     using noonward::bench::median;
     const double ratio = median(ours) / median(withQt);
     using noonward::bench::keepsBudget;

@@ -254,15 +254,15 @@ bool Desktop::isExpanded() {
 }
 
 // Its stripe in five colours, in place.
-bool Desktop::isPanelSeen() {
+std::optional<QRect> Desktop::seenPanel() {
     const auto frame = panel();
-    if (!frame) return false;
+    if (!frame) return frame;
     int i = 0;
     for (const std::uint32_t colour : {0x004165U, 0x0094b3U, 0xaa272fU, 0xff6d22U, 0x636467U}) {
         const int x = frame->left() + frame->width() * (2 * i++ + 1) / 10;
-        if (sight.colour({x, frame->top() + 3}) != colour) return false;
+        if (sight.colour({x, frame->top() + 3}) != colour) return std::nullopt;
     }
-    return true;
+    return frame;
 }
 
 bool Desktop::isTrapLaid() {

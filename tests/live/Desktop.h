@@ -85,11 +85,19 @@ class Desktop : public testing::Test {
 
     std::optional<QRect> cap();
     std::optional<QRect> panel();
+    /// Only when it can be seen.
+    std::optional<QRect> seenPanel();
     std::optional<QRect> menu();
     bool isExpanded();
-    bool isPanelSeen();
-    bool isRibbonSeen() { return isPanelSeen() && panel()->height() != settingsHeight; }
-    bool areSettingsSeen() { return isPanelSeen() && panel()->height() == settingsHeight; }
+    bool isPanelSeen() { return seenPanel().has_value(); }
+    bool isRibbonSeen() {
+        const auto frame = seenPanel();
+        return frame && frame->height() != settingsHeight;
+    }
+    bool areSettingsSeen() {
+        const auto frame = seenPanel();
+        return frame && frame->height() == settingsHeight;
+    }
     bool isTrapLaid();
     /// The middle of an hour's cell in the first row.
     static QPoint hour(double column) {

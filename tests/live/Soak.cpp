@@ -71,10 +71,8 @@ class Soak : public Desktop {
             std::this_thread::sleep_for(100ms);
             return false;
         });
-        hand.key("Control+Alt+t");
-        see("the panel", [this] { return isPanelSeen(); });
-        hand.key("Control+Alt+t");
-        see("the panel gone", [this] { return sight.windows().empty(); });
+        toggleUntil("the panel", [this] { return isPanelSeen(); });
+        toggleUntil("the panel gone", [this] { return sight.windows().empty(); });
     }
 
     /// What the program keeps in memory for itself alone, in KiB.
@@ -90,6 +88,17 @@ class Soak : public Desktop {
     int starts = 1;
 
  private:
+    // Of what was done before, a slow program may have something yet to do.
+    template <typename Condition>
+    void toggleUntil(const std::string& what, Condition condition) {
+        for (int tries = 0; tries < 3; ++tries) {
+            hand.key("Control+Alt+t");
+            const bool isMissing = staysFor(4s, [&] { return !condition(); });
+            if (!isMissing) return;
+        }
+        see(what, condition);
+    }
+
     int number(int least, int most) { return std::uniform_int_distribution(least, most)(dice_); }
     bool oneIn(int count) { return number(1, count) == 1; }
     template <typename Range>
@@ -256,7 +265,7 @@ class Soak : public Desktop {
 
     void editFile() {
         auto whole = config();
-        if (oneIn(3) || !whole.is_object()) {
+        if (oneIn(3) || !whole.is_object() || whole.empty()) {
             configure({{"rolling", oneIn(2)}, {"appearance", oneIn(2) ? "light" : "dark"}});
             return;
         }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
@@ -14,11 +13,11 @@
 
 namespace noonward::test {
 
-/// A folder of its own for one test, gone with it.
+/// A folder of its own, gone with this object.
 class TempFolder {
  public:
     TempFolder() {
-        std::string name = testing::TempDir() + "noonward-XXXXXX";
+        std::string name = std::filesystem::temp_directory_path() / "noonward-XXXXXX";
         if (!::mkdtemp(name.data())) std::abort();
         path_ = name;
     }
