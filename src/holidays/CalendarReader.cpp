@@ -118,10 +118,6 @@ DayKey dayKey(Days at) {
             static_cast<int>(static_cast<unsigned>(day.day()))};
 }
 
-bool startsWith(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
-
 /// What an event's lines say so far.
 struct Event {
     std::optional<Days> start;
@@ -140,14 +136,14 @@ struct Event {
 
     void take(std::string_view line) {
         if (line.empty() || (line.front() != 'D' && line.front() != 'S')) return;  // most lines
-        if (startsWith(line, "DTSTART")) {
+        if (line.starts_with("DTSTART")) {
             start = date(afterLastColon(line));
-        } else if (startsWith(line, "DTEND")) {
+        } else if (line.starts_with("DTEND")) {
             end = date(afterLastColon(line));
-        } else if (startsWith(line, "SUMMARY:")) {
+        } else if (line.starts_with("SUMMARY:")) {
             hasSummary = true;
             summary = line.substr(8);
-        } else if (startsWith(line, "DESCRIPTION:")) {
+        } else if (line.starts_with("DESCRIPTION:")) {
             description = line.substr(12);
         }
     }
@@ -161,13 +157,13 @@ struct Event {
 
         std::string kind = unescaped(description);
         kind.erase(std::min(kind.find('\n'), kind.size()));
-        if (!startsWith(kind, publicHoliday)) return std::nullopt;
+        if (!kind.starts_with(publicHoliday)) return std::nullopt;
 
         Holiday holiday{unescaped(summary)};
         for (auto at = holiday.name.find(mark); at != std::string::npos;
              at = holiday.name.find(mark, at))
             holiday.name.erase(at, mark.size());
-        if (startsWith(kind, publicHolidayIn))
+        if (kind.starts_with(publicHolidayIn))
             holiday.regional = kind.substr(publicHolidayIn.size());
         return holiday;
     }

@@ -10,7 +10,7 @@
 
 #include "base/Descriptor.h"
 #include "base/ReadFile.h"
-#include "holidays/HolidaySource.h"
+#include "reference/Country.h"
 
 namespace noonward {
 namespace {
@@ -21,7 +21,7 @@ using Json = nlohmann::json;
 constexpr std::size_t largestFile = 2 << 20;
 
 std::filesystem::path cacheFile(const std::filesystem::path& folder, const std::string& country) {
-    if (folder.empty() || !isCountryCode(country)) return {};
+    if (folder.empty() || !Country::isCode(country)) return {};
     return folder / (country + ".json");
 }
 

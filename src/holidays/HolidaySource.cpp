@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Unicode.h"
+#include "reference/Country.h"
 
 namespace noonward {
 namespace {
@@ -30,13 +31,8 @@ constexpr RegionKey regionKeys[] = {
 
 }  // namespace
 
-bool isCountryCode(std::string_view text) {
-    return text.size() == 2 &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
-}
-
 std::vector<std::string> HolidaySource::addresses(std::string_view country) const {
-    if (!isCountryCode(country)) return {};
+    if (!Country::isCode(country)) return {};
     const auto address = [&](std::string_view key) {
         return origin + "/calendar/ical/en." + std::string(key) + "%23holiday%40" + groupDomain +
                "/public/basic.ics";

@@ -9,9 +9,6 @@
 
 namespace noonward {
 
-/// Whether a text is what country codes are here: two capital ASCII letters (ISO 3166-1 alpha-2).
-bool isCountryCode(std::string_view text);
-
 /// The public calendar service that has a holiday calendar for each country.
 struct HolidaySource {
     std::string origin = "https://calendar.google.com";

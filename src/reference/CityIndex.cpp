@@ -9,10 +9,6 @@
 namespace noonward {
 namespace {
 
-bool startsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
-
 /// Places in a list, in order: a bit each.
 class CitySet {
  public:
@@ -119,7 +115,7 @@ void CityIndex::find(std::string_view text, Found& found) const {
 
     const auto isBefore = [](const Entry& entry, std::string_view q) { return entry.text < q; };
     auto entry = std::lower_bound(entries_.begin(), entries_.end(), text, isBefore);
-    for (; entry != entries_.end() && startsWith(entry->text, text); ++entry) {
+    for (; entry != entries_.end() && entry->text.starts_with(text); ++entry) {
         found[entry->group].insert(entry->city);
     }
     found[Group::alias].remove(found[Group::name]);

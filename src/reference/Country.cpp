@@ -49,12 +49,12 @@ constexpr std::array<std::string_view, 14> sundayToThursday = {
     "SA", "QA", "KW", "BH", "OM", "EG", "JO", "IL", "IQ", "DZ", "LY", "SY", "SD", "YE",
 };
 
-bool isRegionCode(const std::string& code) {
-    return code.size() == 2 &&
-           std::all_of(code.begin(), code.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
-}
-
 }  // namespace
+
+bool isCode(std::string_view text) {
+    return text.size() == 2 &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
 
 std::optional<std::string> code(std::string_view forZone) {
     if (auto country = inTable(forZone)) return country;
@@ -65,7 +65,7 @@ std::optional<std::string> code(std::string_view forZone) {
 }
 
 std::string name(const std::string& code) {
-    if (!isRegionCode(code)) return code;
+    if (!isCode(code)) return code;
     static const std::unique_ptr<icu::LocaleDisplayNames> names(
         icu::LocaleDisplayNames::createInstance(icu::Locale::getUK()));
     if (!names) return code;

@@ -8,6 +8,9 @@
 /// Countries by the two-letter codes of ISO 3166, as zone.tab writes them.
 namespace noonward::Country {
 
+/// Whether a text has the form of a code: two capital ASCII letters.
+bool isCode(std::string_view text);
+
 /// The code of the country a zone is for; nothing for zones of no country, such as "UTC". Some
 /// older identifiers ("Asia/Calcutta") count as their present ones.
 std::optional<std::string> code(std::string_view forZone);

@@ -42,10 +42,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 12> otherCou
     {"usa", "US"},
 }};
 
-bool begins(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
-
 bool isCode(std::string_view key, std::string_view code) {
     return !code.empty() && key == unicode::lowercased(code);
 }
@@ -69,7 +65,7 @@ class Qualifier {
  private:
     static bool isRegion(std::string_view key, const GazetteerArea& area) {
         if (isCode(key, area.regionShort)) return true;
-        return key.size() >= leastBeginning && begins(placeKey(area.region), key);
+        return key.size() >= leastBeginning && placeKey(area.region).starts_with(key);
     }
 
     bool isCountry(std::string_view key, const GazetteerArea& area) {
@@ -77,7 +73,7 @@ class Qualifier {
         for (const auto& [name, code] : otherCountryNames) {
             if (key == name && area.country == code) return true;
         }
-        return key.size() >= leastBeginning && begins(countryKey(area.country), key);
+        return key.size() >= leastBeginning && countryKey(area.country).starts_with(key);
     }
 
     const std::string& countryKey(std::string_view code) {
@@ -195,7 +191,7 @@ std::vector<Placemark> find(const Gazetteer& gazetteer, const std::string& key, 
     Allowed allowed(std::move(qualifier), gazetteer.areas());
     for (std::size_t place = firstLineNotBefore(table, key); place < table.size();) {
         const std::string_view text = lineAt(table, place);
-        if (!begins(text, key)) break;
+        if (!text.starts_with(key)) break;
         place += text.size() + 1;
         const auto line = GazetteerLine::parse(text);
         if (!line) continue;

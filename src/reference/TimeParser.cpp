@@ -236,7 +236,7 @@ std::optional<TimeZone> zone(std::string_view phrase, const TimeContext& context
     if (text.empty()) return context.homeZone;
     for (const TimeContext::Row& row : context.rows) {
         if (unicode::lowercased(row.shortName) == text) return row.zone;
-        if (unicode::lowercased(row.label).rfind(text, 0) == 0) return row.zone;
+        if (unicode::lowercased(row.label).starts_with(text)) return row.zone;
     }
     if (const auto identifier = find(abbreviations, text)) return TimeZone::find(*identifier);
     for (const City& city : Cities::curated()) {

@@ -61,8 +61,8 @@ const std::vector<TableRow>& table() {
 std::vector<std::string> parseZonesAndLinks(std::string_view text) {
     std::vector<std::string> names;
     forEachPiece(text, '\n', [&](std::string_view line) {
-        const bool zone = line.rfind("Z ", 0) == 0;
-        const bool link = line.rfind("L ", 0) == 0;
+        const bool zone = line.starts_with("Z ");
+        const bool link = line.starts_with("L ");
         if (!zone && !link) return;
         const auto fields = pieces(line, ' ');
         const std::size_t name = zone ? 1 : 2;  // L TARGET LINK-NAME
@@ -101,7 +101,7 @@ bool hasFile(const std::string& identifier) {
 
 std::optional<std::string> readFile(const std::string& identifier) {
     std::string bytes = contents(identifier);
-    if (bytes.rfind(magic, 0) != 0) return std::nullopt;
+    if (!bytes.starts_with(magic)) return std::nullopt;
     return bytes;
 }
 

@@ -108,7 +108,7 @@ std::string DesktopEntry::text() const {
 std::size_t DesktopEntry::end() const {
     const auto from = lines_.begin() + static_cast<std::ptrdiff_t>(begin_);
     const auto next = std::find_if(from, lines_.end(),
-                                   [](const std::string& line) { return line.rfind('[', 0) == 0; });
+                                   [](const std::string& line) { return line.starts_with('['); });
     return static_cast<std::size_t>(next - lines_.begin());
 }
 
