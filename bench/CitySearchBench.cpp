@@ -79,7 +79,7 @@ std::vector<const City*> searchFoldingAnew(const std::string& typed) {
         names.insert(unicode::folded(city->name));
     for (const City& city : Cities::zones()) {
         if (!matches(city.name, query)) continue;
-        if (names.count(unicode::folded(city.name)) == 0) cities.push_back(&city);
+        if (!names.contains(unicode::folded(city.name))) cities.push_back(&city);
     }
     return cities;
 }

@@ -134,7 +134,7 @@ int run(int restSeconds) {
     const long sleptBefore = sleeps(program.id());
     const double cpuBefore = cpuSeconds(program.id());
     std::this_thread::sleep_for(std::chrono::seconds(restSeconds));
-    const double slept = static_cast<double>(sleeps(program.id()) - sleptBefore);
+    const auto slept = static_cast<double>(sleeps(program.id()) - sleptBefore);
     kept &= keepsBudget("wakeups at rest", slept * 60 / restSeconds, "a minute", 6);
     kept &= keepsBudget("CPU at rest", (cpuSeconds(program.id()) - cpuBefore) * 100 / restSeconds,
                         "%", 0.02);

@@ -53,20 +53,24 @@ QAccessibleInterface* childUnder(const QAccessibleInterface& parent, int x, int 
     return nullptr;
 }
 
+FirstClickHostingView* AccessibleElement::view() const {
+    return dynamic_cast<FirstClickHostingView*>(widget_.data());
+}
+
 const Element* AccessibleElement::element() const {
-    const AccessibleView* view = AccessibleView::of(view_);
-    return view ? view->find(id_) : nullptr;
+    const AccessibleView* tree = AccessibleView::of(view());
+    return tree ? tree->find(id_) : nullptr;
 }
 
 QWindow* AccessibleElement::window() const {
-    return view_ ? view_->window()->windowHandle() : nullptr;
+    return widget_ ? widget_->window()->windowHandle() : nullptr;
 }
 
 // ---- its place among the others ----
 
 QAccessibleInterface* AccessibleElement::parent() const {
-    const AccessibleView* view = AccessibleView::of(view_);
-    return view ? view->parentOf(id_) : nullptr;
+    const AccessibleView* tree = AccessibleView::of(view());
+    return tree ? tree->parentOf(id_) : nullptr;
 }
 
 int AccessibleElement::childCount() const {
@@ -76,8 +80,8 @@ int AccessibleElement::childCount() const {
 
 QAccessibleInterface* AccessibleElement::child(int index) const {
     const Element* self = element();
-    const AccessibleView* view = AccessibleView::of(view_);
-    return self && view ? view->at(self->children, index) : nullptr;
+    const AccessibleView* tree = AccessibleView::of(view());
+    return self && tree ? tree->at(self->children, index) : nullptr;
 }
 
 int AccessibleElement::indexOfChild(const QAccessibleInterface* child) const {
@@ -108,9 +112,9 @@ QString AccessibleElement::text(QAccessible::Text which) const {
 
 QRect AccessibleElement::rect() const {
     const Element* self = element();
-    if (!self || !view_) return {};
-    const QPoint corner =
-        view_->mapToGlobal(QPoint(view_->margins().left(), view_->margins().top()));
+    const FirstClickHostingView* host = view();
+    if (!self || !host) return {};
+    const QPoint corner = host->mapToGlobal(QPoint(host->margins().left(), host->margins().top()));
     return self->rect.toAlignedRect().translated(corner);
 }
 
@@ -123,7 +127,7 @@ QAccessible::State AccessibleElement::state() const {
     QAccessible::State state;
     const Element* self = element();
     state.invalid = !self;
-    state.invisible = !view_ || !view_->isVisible();
+    state.invisible = !widget_ || !widget_->isVisible();
     if (!self) return state;
     state.readOnly = self->role != Role::button && !(self->range && self->range->set);
     state.disabled = !self->enabled;
@@ -167,7 +171,7 @@ void AccessibleElement::doAction(const QString& action) {
         keys_->setFocus();
     } else if (action == showMenuAction()) {
         const std::vector<MenuItem> menu = self->menu;
-        view_->popUp(menu, rect().center());
+        view()->popUp(menu, rect().center());
     } else if (action == increaseAction()) {
         setCurrentValue(self->range->now + self->range->step);
     } else if (action == decreaseAction()) {

@@ -15,10 +15,10 @@ class AccessibleElement final : public QAccessibleInterface,
                                 public QAccessibleActionInterface,
                                 public QAccessibleValueInterface {
  public:
-    AccessibleElement(FirstClickHostingView& view, Id id) : view_(&view), id_(id) {}
+    AccessibleElement(FirstClickHostingView& view, Id id) : widget_(&view), id_(id) {}
     /// Of a button that can have the focus.
     AccessibleElement(FirstClickHostingView& view, ButtonKeys& keys)
-        : view_(&view), id_(keys.button()), keys_(&keys) {}
+        : widget_(&view), id_(keys.button()), keys_(&keys) {}
 
     bool isValid() const override { return element() != nullptr; }
     QObject* object() const override { return keys_; }
@@ -49,8 +49,10 @@ class AccessibleElement final : public QAccessibleInterface,
 
  private:
     const Element* element() const;
+    /// Null once it is going: of a widget that is being destroyed only the QWidget is left.
+    FirstClickHostingView* view() const;
 
-    QPointer<FirstClickHostingView> view_;
+    QPointer<QWidget> widget_;
     Id id_;
     QPointer<ButtonKeys> keys_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -55,9 +56,9 @@ void blur(QImage& image, double deviation) {
                 boxBlur({image.scanLine(y) + channel, channels, image.width()}, reach, padded);
             }
             for (int x = 0; x < image.width(); ++x) {
-                boxBlur(
-                    {image.bits() + x * channels + channel, image.bytesPerLine(), image.height()},
-                    reach, padded);
+                boxBlur({image.bits() + std::ptrdiff_t{x} * channels + channel,
+                         image.bytesPerLine(), image.height()},
+                        reach, padded);
             }
         }
     }

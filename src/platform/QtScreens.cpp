@@ -52,8 +52,8 @@ Subscription QtScreens::onChange(std::function<void()> action) {
 QtScreens::State QtScreens::state() const {
     State result{.statusBar = statusBarThickness()};
     if (const auto primary = main()) result.screens.push_back(*primary);
-    for (Screen& screen : all())
-        result.screens.push_back(std::move(screen));
+    for (const Screen& screen : all())
+        result.screens.push_back(screen);
     return result;
 }
 

@@ -31,6 +31,8 @@ class Soak : public Desktop {
     }
 
     void act() {
+        // Whoever quits every minute cannot say what an hour costs: mostly, "Quit" is left out.
+        if (menu() && !oneIn(20)) hand.key("Escape");
         struct Kind {
             int weight;
             void (Soak::*act)();
@@ -119,14 +121,12 @@ class Soak : public Desktop {
     QPoint placeIn(const QRect& frame) {
         return {number(frame.left(), frame.right()), number(frame.top(), frame.bottom())};
     }
-    // Whoever quits every minute cannot say what an hour costs: "Quit" is left out, here and there.
     QPoint placeInPanel() {
-        if (menu()) hand.key("Escape");
         const auto windows = sight.windows();
         const QPoint place = windows.empty() || oneIn(20) ? placeIn({0, 0, 1600, 900})
                                                           : placeIn(oneOf(windows).frame);
         const QRect quit(left + 740, top + 170, 60, 45);
-        return quit.contains(place) ? QPoint(left + 10, top + 300) : place;
+        return quit.contains(place) && areSettingsSeen() ? QPoint(left + 10, top + 300) : place;
     }
 
     void strike() {
