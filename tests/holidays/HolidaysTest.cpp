@@ -17,7 +17,6 @@ namespace {
 using test::FakeClock;
 using test::FakeHttp;
 using test::TempFolder;
-using test::writeText;
 using Texts = std::vector<std::string>;
 
 const DayKey republicDay{2026, 1, 26};

@@ -19,10 +19,10 @@ struct KeyboardScene {
         const auto press = [this](const char* name) {
             return [this, name] { pressed.emplace_back(name); };
         };
-        const auto field = textField({.text = typed,
-                                      .placeholder = "City",
-                                      .onEdit = [this](std::string text) { typed = text; },
-                                      .focusRequests = focusRequests});
+        auto field = textField({.text = typed,
+                                .placeholder = "City",
+                                .onEdit = [this](const std::string& text) { typed = text; },
+                                .focusRequests = focusRequests});
         return hstack({.spacing = 10},
                       {
                           forEach(

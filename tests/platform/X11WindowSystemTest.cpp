@@ -40,7 +40,7 @@ class X11WindowSystemTest : public testing::Test {
     }
 
     /// Whether, from back to front, the windows come in this order.
-    bool areInOrder(std::vector<xcb_window_t> wanted) {
+    bool areInOrder(const std::vector<xcb_window_t>& wanted) {
         const auto children = other.stack();
         auto from = children.begin();
         for (const xcb_window_t window : wanted) {
