@@ -93,7 +93,7 @@ TEST(ConfigJsonTest, WritesWhatReadersOfTheFileRelyOn) {
 TEST(ConfigJsonTest, ReadsBackWhatItWrote) {
     Config bare;
     Config odd = fullConfig();
-    odd.hourFormat = std::string("\0\x1f\"\\/\u2028\U0001F30D", 13);
+    odd.hourFormat = std::string("\0\x1f\"\\/\u2028\U0001F30D", 12);
     odd.meetingMinutes = -2147483647 - 1;
     odd.places[0].work = {{0.1, 1e308, 8, -7.5, 5e-324}};
     odd.places[0].workdays.emplace();
@@ -140,7 +140,7 @@ TEST(ConfigJsonTest, TakesValuesOfTheRightTypeOnly) {
         {R"({"rolling":true,})", false},
         {"\xEF\xBB{}", false},
         {std::string("{}\0", 3), false},
-        {"\xFF\xFE{\0}\0", false},
+        {std::string("\xFF\xFE{\0}\0", 6), false},
         {"{\"hourFormat\":\"caf\xE9\"}", false},
         {"{\"hourFormat\":\"\xED\xA0\x80\"}", false},
         {R"({"hourFormat":"\ud800"})", false},

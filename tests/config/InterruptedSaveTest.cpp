@@ -56,7 +56,7 @@ struct Before {
 };
 
 std::vector<Before> situations() {
-    const auto file = [](std::string text) {
+    const auto file = [](const std::string& text) {
         return [text](const ConfigHome& home) { writeText(home.paths.file, text); };
     };
     const Config longer = numbered(7, 120);

@@ -102,7 +102,7 @@ std::optional<Thing> ScreenReader::find(const Thing& within, const QString& role
                                         const QString& name) {
     for (const Thing& child : children(within)) {
         if (this->name(child).startsWith(name) && this->role(child) == role) return child;
-        if (const auto below = find(child, role, name)) return below;
+        if (auto below = find(child, role, name)) return below;
     }
     return std::nullopt;
 }

@@ -37,7 +37,7 @@ class ScreenReader {
     bool isChecked(const Thing& thing) { return hasState(thing, 4); }
     bool isEditable(const Thing& thing) { return hasState(thing, 7); }
     QStringList actions(const Thing& thing);
-    bool act(const Thing& thing, const QString& action);
+    bool act(const Thing& thing, const QString& name);
     double value(const Thing& thing);
     void setValue(const Thing& thing, double to);
 

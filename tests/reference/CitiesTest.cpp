@@ -67,7 +67,7 @@ std::vector<const City*> slowSearch(const std::vector<City>& curated,
     for (const City* city : found)
         known.insert(folded(city->name));
     for (const City& city : zones) {
-        if (known.count(folded(city.name)) == 0 && matches(city.name, query)) {
+        if (!known.contains(folded(city.name)) && matches(city.name, query)) {
             found.push_back(&city);
         }
     }

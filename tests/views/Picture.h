@@ -27,7 +27,7 @@ constexpr Rgb over(Rgb top, double opacity, Rgb below) {
 /// A painting at two pixels a point, asked in points.
 class Picture {
  public:
-    explicit Picture(const QImage& image) : image_(image) {}
+    explicit Picture(QImage image) : image_(std::move(image)) {}
 
     testing::AssertionResult is(double x, double y, Rgb wanted, double tolerance = 1.01) const {
         const QColor found = at(x, y);

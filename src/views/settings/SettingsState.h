@@ -34,9 +34,9 @@ class SettingsState : public std::enable_shared_from_this<SettingsState> {
         Geocoder* geocoder = nullptr;    ///< null: every look-up finds nothing
     };
 
-    /// `editing` is the index of the place whose week is open at first. Store, ui and services
-    /// must outlive the state.
-    SettingsState(Store& store, NotchUI& ui, const Services& services, std::string query,
+    /// `typed` is the query at first, `editing` the index of the place whose week is open then. All
+    /// that is referred to must outlive the state.
+    SettingsState(Store& model, NotchUI& notchUI, const Services& used, std::string typed,
                   std::optional<int> editing);
 
     /// Announces what views show of this state.
