@@ -7,8 +7,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
-#include <cstring>
 #include <functional>
 #include <string>
 
@@ -57,6 +57,7 @@ TEST(HostileFilesTest, WhatCannotBeDecodedIsPutAsideByTheNextSave) {
                  text += "{\"\":";
              return text;
          }()},
+        // NOLINTNEXTLINE(bugprone-string-constructor): it is meant to be large.
         {"above the size that is read", std::string(50'000'000, ' ') + longKey},
     };
     for (const auto& test : cases) {
@@ -103,7 +104,7 @@ void makeSocket(const fs::path& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     ASSERT_LT(path.native().size(), sizeof address.sun_path);
-    std::strcpy(address.sun_path, path.c_str());
+    std::copy_n(path.c_str(), path.native().size() + 1, address.sun_path);
     const int number = ::socket(AF_UNIX, SOCK_STREAM, 0);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the sockets' own way
     const auto* general = reinterpret_cast<const sockaddr*>(&address);
@@ -265,7 +266,7 @@ TEST(HostileFilesTest, AFullDiskLeavesTheOldConfiguration) {
 
 // As many as a file can hold: 170,000 favourites against 14,000 labels.
 TEST(HostileFilesTest, ManyFavouritesAreMatchedInNoTime) {
-    std::string text = "{\"favourites\":[\"\"";
+    std::string text = R"({"favourites":["")";
     for (int i = 0; i < 170'000; ++i)
         text += ",\"\"";
     text += "],\"places\":[{\"label\":\"é\",\"short\":\"\",\"zone\":\"\"}";

@@ -248,9 +248,9 @@ TEST(Hosting, ADateIsSetPartByPart) {
 TEST(Hosting, AMenuOutlivesItsWindow) {
     std::vector<std::string> chosen;
     Window window([&] {
-        return box(50, 50).contextMenu({{"Places & appearance…", [&] { chosen.push_back("p"); }},
+        return box(50, 50).contextMenu({{"Places & appearance…", [&] { chosen.emplace_back("p"); }},
                                         {},
-                                        {"Quit", [&] { chosen.push_back("q"); }}});
+                                        {"Quit", [&] { chosen.emplace_back("q"); }}});
     });
     window.mouse(QEvent::MouseButtonPress, {10, 10}, Qt::RightButton);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());

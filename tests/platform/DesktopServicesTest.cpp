@@ -28,7 +28,7 @@ class OthersMayLeak {
         __lsan_enable();
     }
 #else
-    OthersMayLeak() {}
+    OthersMayLeak() {}  // NOLINT(modernize-use-equals-default): else its variable is unused
 #endif
     OthersMayLeak(const OthersMayLeak&) = delete;
     OthersMayLeak& operator=(const OthersMayLeak&) = delete;
