@@ -1,7 +1,6 @@
 #include "live/Hand.h"
 
 #include <map>
-#include <ranges>
 #include <stdexcept>
 
 namespace noonward::test {
@@ -77,8 +76,8 @@ void Hand::type(std::string_view text) {
 void Hand::stroke(const std::vector<xcb_keycode_t>& codes, std::uint32_t delay) {
     for (const xcb_keycode_t code : codes)
         fake(XCB_KEY_PRESS, code, delay);
-    for (const xcb_keycode_t code : codes | std::views::reverse)
-        fake(XCB_KEY_RELEASE, code, 0);
+    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
+        fake(XCB_KEY_RELEASE, *code, 0);
     xcb_flush(connection());
 }
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 #include "support/OtherClient.h"
@@ -35,8 +34,8 @@ class X11HotKeysTest : public testing::Test {
     void strike(const std::vector<xcb_keycode_t>& chord) {
         for (const xcb_keycode_t code : chord)
             other.pressKey(code);
-        for (const xcb_keycode_t code : chord | std::views::reverse)
-            other.releaseKey(code);
+        for (auto code = chord.rbegin(); code != chord.rend(); ++code)
+            other.releaseKey(*code);
     }
     bool grabElsewhere(std::uint16_t modifiers) {
         sync(*x11);
