@@ -8,7 +8,7 @@ scripts/build.sh release >&2
 
 # "what: 0.123 unit (budget 4)" as columns
 row() {
-    sed -nE 's/^(.*): ([^ ]+) (.*) \(budget (.*)\)$/\1\t\2\t\3\t\4/p' |
+    sed -E 's/\x1b\[[0-9;]*m//g' | sed -nE 's/^(.*): ([^ ]+) (.*) \(budget (.*)\)$/\1\t\2\t\3\t\4/p' |
         awk -F'\t' '{ printf "%-42s %10s %10s  %-30s %s\n", $1, $2, $4, $3, ($2 + 0 > $4 + 0) ? "over" : "" }'
 }
 

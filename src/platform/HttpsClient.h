@@ -34,6 +34,8 @@ class HttpsClient final : public HttpClient {
              std::function<void(std::optional<HttpResponse>)> done) override;
 
  private:
+    void start(const std::string& url,
+               const std::function<void(std::optional<HttpResponse>)>& done);
     void finished();
 
     Options options_;
