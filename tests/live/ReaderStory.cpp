@@ -85,7 +85,7 @@ TEST_F(ReaderStory, HearsTheRibbonAndWorksIt) {
     openRibbon();
     const Thing row = await("row", home());
     const Thing off = await("row", "New York");
-    const QString spoken = ", \\d\\d:\\d\\d, \\w{3} \\d+ \\w{3}";
+    const QString spoken = R"(, \d\d:\d\d, \w{3} \d+ \w{3})";
     EXPECT_TRUE(reader->name(row).contains(QRegularExpression('^' + home() + spoken)));
     EXPECT_TRUE(reader->name(off).contains(QRegularExpression("^New York" + spoken + ", Day off$")))
         << reader->name(off).toStdString();
