@@ -237,6 +237,19 @@ TEST(HostileFilesTest, WhereNothingCanBeWrittenEverythingStays) {
     }
 }
 
+TEST(HostileFilesTest, AnOlderFileIsAdoptedOnceThatIsPossible) {
+    bool goesOn = true;
+    for (int at = 0; goesOn; ++at) {
+        ConfigHome home;
+        writeText(home.paths.oldFile, encodeConfig(exampleConfig()));
+        test::FaultyFiles failing(test::FaultyFiles::Fault::fail, at);
+        ConfigFile first(home.paths, ConfigFile::Access::readWrite, failing);
+        EXPECT_EQ(first.load(kolkata()), exampleConfig()) << at;
+        EXPECT_EQ(home.load(), exampleConfig()) << at;
+        goesOn = failing.happened();
+    }
+}
+
 // A limit on file sizes stands for a full disk: it stops a real write half-way.
 TEST(HostileFilesTest, AFullDiskLeavesTheOldConfiguration) {
     ConfigHome home;
