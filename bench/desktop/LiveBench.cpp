@@ -12,7 +12,8 @@
 
 #include "Budget.h"
 #include "LiveServer.h"
-#include "Measures.h"
+#include "Median.h"
+#include "support/Memory.h"
 #include "support/PrivateBus.h"
 #include "support/Process.h"
 #include "support/TempFolder.h"
@@ -22,6 +23,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
+using test::privateDirtyKiB;
 using test::Process;
 
 constexpr int starts = 15;

@@ -7,12 +7,12 @@
 
 #include "Budget.h"
 #include "LiveServer.h"
-#include "Measures.h"
 #include "app/AppDelegate.h"
 #include "app/Planner.h"
 #include "platform/MainQueue.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "reference/GazetteerGeocoder.h"
+#include "support/Memory.h"
 #include "support/TempFolder.h"
 #include "views/theme/Fonts.h"
 
@@ -74,10 +74,10 @@ int run(int argc, char** argv, int openings) {
     // Caches fill first.
     for (int i = 0; i < openings / 10; ++i)
         openAndClose(delegate, queue);
-    const double before = privateDirtyKiB(getpid());
+    const double before = test::privateDirtyKiB(getpid());
     for (int i = 0; i < openings; ++i)
         openAndClose(delegate, queue);
-    const double grown = privateDirtyKiB(getpid()) - before;
+    const double grown = test::privateDirtyKiB(getpid()) - before;
     const std::string what = std::to_string(openings) + " openings and closings";
     return noonward::bench::keepsBudget(what, grown, "KiB grown", budgetKiB) ? 0 : 1;
 }

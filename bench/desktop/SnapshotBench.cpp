@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "Budget.h"
-#include "Measures.h"
+#include "Median.h"
 #include "RibbonFixture.h"
 #include "config/ConfigJson.h"
 #include "support/TempFolder.h"

@@ -127,7 +127,11 @@ std::map<std::string, std::string> Desktop::environment() const {
 }
 
 void Desktop::launch() {
-    program.emplace(std::vector<std::string>{programFile}, environment(), folder / "output");
+    program = launchAnother();
+    seeStarted();
+}
+
+void Desktop::seeStarted() {
     see("the program at the notch", [this] { return isTrapLaid() || program->status(); });
     sight.shown();
 }
@@ -158,10 +162,14 @@ xcb_window_t Desktop::showOther(const QRect& at) {
     return window;
 }
 
-void Desktop::sendSignal(const std::string& member) {
-    Process sender({"dbus-send", "--bus=" + bus.address().toStdString(), "--type=signal",
-                    "/from/anywhere", "com.ostrelmead.noonward." + member});
+void Desktop::sendOnBus(std::vector<std::string> words) {
+    words.insert(words.begin(), {"dbus-send", "--bus=" + bus.address().toStdString()});
+    Process sender(words);
     EXPECT_EQ(exitStatus(sender), 0);
+}
+
+void Desktop::sendSignal(const std::string& member) {
+    sendOnBus({"--type=signal", "/from/anywhere", "com.ostrelmead.noonward." + member});
 }
 
 bool Desktop::xrandr(std::vector<std::string> words) {
@@ -195,6 +203,14 @@ void Desktop::leaveNotch() {
 void Desktop::openRibbon() {
     hand.key("Control+Alt+t");
     see("the ribbon", [this] { return isRibbonSeen(); });
+}
+
+void Desktop::changeLengthTo(int minutes) {
+    hand.key("d");
+    see("the meeting's length", [&] {
+        const auto saved = config();
+        return saved.is_object() && saved.value("meetingMinutes", 0) == minutes;
+    });
 }
 
 std::string Desktop::copied(const std::string& key) {

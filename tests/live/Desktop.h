@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -41,6 +42,7 @@ class Desktop : public testing::Test {
     void furnish(Surroundings surroundings);
     /// Starts the program and waits until it watches the notch.
     void launch();
+    void seeStarted();
     /// What the programs that it starts find in their environment beside the usual.
     std::map<std::string, std::string> announced;
     std::map<std::string, std::string> environment() const;
@@ -51,6 +53,8 @@ class Desktop : public testing::Test {
     int exitStatus(Process& process);
     /// Another program's window, with the keyboard.
     xcb_window_t showOther(const QRect& at = {100, 500, 400, 300});
+    /// Sends something on the bus, in the words of dbus-send.
+    void sendOnBus(std::vector<std::string> words);
     void sendSignal(const std::string& member);
     /// Sets monitors up as the tool of that name does; whether it could.
     bool xrandr(std::vector<std::string> words);
@@ -66,6 +70,8 @@ class Desktop : public testing::Test {
     void moveAway() { hand.movePointer(nowhere); }
     void leaveNotch();
     void openRibbon();
+    /// Changes the meeting's length by its key, until it is saved.
+    void changeLengthTo(int minutes);
     /// Presses a key that copies, and reads the clipboard as another program.
     std::string copied(const std::string& key = "c");
     /// Does something that copies.
@@ -150,7 +156,7 @@ class Desktop : public testing::Test {
     Sight sight{display.c_str()};
     OtherClient other{display.c_str()};
     std::string programFile = NOONWARD_PROGRAM;
-    std::optional<Process> program;
+    std::unique_ptr<Process> program;
 
  private:
     [[noreturn]] void miss(const std::string& what);

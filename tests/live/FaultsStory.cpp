@@ -8,20 +8,7 @@ namespace {
 // What goes wrong around the program while it runs.
 class FaultsStory : public Desktop {
  protected:
-    void changeLengthTo(int minutes) {
-        hand.key("d");
-        see("the meeting's length", [&] {
-            const auto saved = config();
-            return saved.is_object() && saved.value("meetingMinutes", 0) == minutes;
-        });
-    }
     std::filesystem::path configFolder() const { return configFile().parent_path(); }
-
-    void call(std::vector<std::string> words) {
-        words.insert(words.begin(), {"dbus-send", "--bus=" + bus.address().toStdString()});
-        Process sender(words);
-        EXPECT_EQ(exitStatus(sender), 0);
-    }
 };
 
 TEST_F(FaultsStory, WhatAnotherProgramWritesIsTakenUpOrPutAside) {
@@ -89,16 +76,16 @@ TEST_F(FaultsStory, WhateverComesByTheBusOnlyOpensAndCloses) {
          "dict:string:string:quit,now"},
     };
     for (const auto& words : opening) {
-        call(words);
+        sendOnBus(words);
         see("the ribbon", [this] { return isRibbonSeen(); });
-        call(words);
+        sendOnBus(words);
         see("the ribbon gone", [this] { return !panel(); });
     }
-    call({"--print-reply", "--dest=" + name, object, application + "ActivateAction", "string:quit",
-          "array:string:", "dict:string:string:"});
-    call({"--print-reply", "--dest=" + name, object, application + "Open", endless});
-    call({"--type=signal", "/x", name + ".quit"});
-    call({"--type=signal", "/x", name + ".Toggle"});
+    sendOnBus({"--print-reply", "--dest=" + name, object, application + "ActivateAction",
+               "string:quit", "array:string:", "dict:string:string:"});
+    sendOnBus({"--print-reply", "--dest=" + name, object, application + "Open", endless});
+    sendOnBus({"--type=signal", "/x", name + ".quit"});
+    sendOnBus({"--type=signal", "/x", name + ".Toggle"});
     openRibbon();
 }
 

@@ -30,10 +30,6 @@ class KeysStory : public Desktop {
     void seeGone() {
         see("the panel gone", [this] { return !panel(); });
     }
-    void changeLengthTo(int minutes) {
-        hand.key("d");
-        see("the meeting's length", [&] { return config().value("meetingMinutes", 0) == minutes; });
-    }
 
     int plainHeight_ = 0;
 };

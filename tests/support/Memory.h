@@ -2,18 +2,10 @@
 
 #include <sys/types.h>
 
-#include <algorithm>
 #include <fstream>
 #include <string>
-#include <vector>
 
-namespace noonward::bench {
-
-/// Of at least one value.
-inline double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
+namespace noonward::test {
 
 /// What a process keeps in memory for itself alone, in KiB (proc(5), smaps_rollup); 0 if it is
 /// gone.
@@ -25,4 +17,4 @@ inline double privateDirtyKiB(pid_t process) {
     return 0;
 }
 
-}  // namespace noonward::bench
+}  // namespace noonward::test
