@@ -80,10 +80,11 @@ class Soak : public Desktop {
     int starts = 1;
 
  private:
-    // Of what was done before, a slow program may have something yet to do.
+    // Of what was done before, a slow program may have something yet to do, such as to end.
     template <typename Condition>
     void toggleUntil(const std::string& what, Condition condition) {
-        for (int tries = 0; tries < 3; ++tries) {
+        for (int tries = 0; tries < 4; ++tries) {
+            if (program->status()) startAfterEnd();
             hand.key("Control+Alt+t");
             const bool isMissing = staysFor(4s, [&] { return !condition(); });
             if (!isMissing) return;
