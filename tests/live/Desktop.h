@@ -42,6 +42,7 @@ class Desktop : public testing::Test {
     void furnish(Surroundings surroundings);
     /// Starts the program and waits until it watches the notch.
     void launch();
+    /// Waits until the program watches the notch, or has ended.
     void seeStarted();
     /// What the programs that it starts find in their environment beside the usual.
     std::map<std::string, std::string> announced;
