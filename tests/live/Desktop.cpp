@@ -179,7 +179,12 @@ bool Desktop::xrandr(std::vector<std::string> words) {
 }
 
 nlohmann::json Desktop::config() const {
-    return nlohmann::json::parse(readText(configFile()), nullptr, false);
+    nlohmann::json whole;
+    until([&] {
+        whole = nlohmann::json::parse(readText(configFile()), nullptr, false);
+        return whole.is_object();
+    });
+    return whole;
 }
 
 void Desktop::configure(const nlohmann::json& changes) {
@@ -207,10 +212,7 @@ void Desktop::openRibbon() {
 
 void Desktop::changeLengthTo(int minutes) {
     hand.key("d");
-    see("the meeting's length", [&] {
-        const auto saved = config();
-        return saved.is_object() && saved.value("meetingMinutes", 0) == minutes;
-    });
+    see("the meeting's length", [&] { return config().value("meetingMinutes", 0) == minutes; });
 }
 
 std::string Desktop::copied(const std::string& key) {

@@ -61,6 +61,7 @@ class Desktop : public testing::Test {
     bool xrandr(std::vector<std::string> words);
 
     std::filesystem::path configFile() const { return folder / "data/Noonward/places.json"; }
+    /// What is saved. It is written in place: a look that falls into that is taken again.
     nlohmann::json config() const;
     /// Writes the file before the program reads it.
     void configure(const nlohmann::json& changes);

@@ -237,7 +237,7 @@ class Soak : public Desktop {
     }
 
     void editFile() {
-        auto whole = config();
+        auto whole = nlohmann::json::parse(readText(configFile()), nullptr, false);
         if (oneIn(3) || !whole.is_object() || whole.empty()) {
             configure({{"rolling", oneIn(2)}, {"appearance", oneIn(2) ? "light" : "dark"}});
             return;
