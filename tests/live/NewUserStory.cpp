@@ -5,6 +5,8 @@
 namespace noonward::test {
 namespace {
 
+using namespace std::chrono_literals;
+
 class NewUserStory : public Desktop {
  protected:
     /// A point of the panel, in points from its corner.
@@ -58,15 +60,18 @@ TEST_F(NewUserStory, FromAnEmptyHomeFolderToAMeeting) {
     hand.key(" ");
     seePlaces({here, "London", "Nairobi"});
 
-    const auto isListLong = [this] {
-        return sight.isBright(QRect(in(44, result(2, 3) - 5), QSize(11, 10)), 50);
+    const auto isFound = [this](int index) {
+        return sight.isBright(QRect(in(44, result(index, 3) - 5), QSize(11, 10)), 50);
     };
-    see("the list gone", [&] { return !isListLong(); });
+    // It glides as it goes.
+    see("the list gone", [&] { return staysFor(500ms, [&] { return !isFound(0); }); });
     hand.type("milwaukee");  // the field has the keys again
+    // Its first letters alone find more.
+    see("the offer to look it up alone", [&] { return isFound(0) && !isFound(1); });
     hand.key("Tab");
-    hand.key(" ");  // look it up
-    // It, South Milwaukee, and the offer to look further: nothing else is so far down.
-    see("cities found", isListLong);
+    hand.key(" ");
+    // It, South Milwaukee, and the offer to look further.
+    see("cities found", [&] { return isFound(2); });
     hand.key("Tab");
     hand.key(" ");
     seePlaces({here, "London", "Nairobi", "Milwaukee"});
