@@ -75,6 +75,11 @@ TEST_F(EndStory, WithTheServer) {
     EXPECT_GE(exitStatus(), 0) << "it was killed by a signal";
 }
 
+TEST_F(EndStory, NotByAConnectionThatBreaks) {
+    program->signal(SIGPIPE);  // as a write does to which nobody listens any more
+    openRibbon();
+}
+
 TEST_F(EndStory, TheMenuOutlivesTheNotch) {
     openMenu();
     moveAway();
