@@ -163,7 +163,8 @@ TEST_F(ReaderStory, HearsTheSettingsAndTheMenu) {
     see("the menu", [this] { return menu(); });
     hand.key("Up");
     see("its last line in the focus", [&] { return reader->focused() == "Quit Noonward"; });
-    hand.key("Return");
+    // Held: Qt copies each key for the readers and, ending, forgets those not told of yet.
+    hand.pressKey(hand.codeOf("Return"));
     EXPECT_EQ(exitStatus(), 0);
 }
 
