@@ -127,7 +127,7 @@ std::map<std::string, std::string> Desktop::environment() const {
 }
 
 void Desktop::launch() {
-    program = launchAnother();
+    program = startCopy();
     seeStarted();
 }
 
@@ -136,7 +136,7 @@ void Desktop::seeStarted() {
     sight.shown();
 }
 
-std::unique_ptr<Process> Desktop::launchAnother() {
+std::unique_ptr<Process> Desktop::startCopy() {
     return std::make_unique<Process>(std::vector<std::string>{programFile}, environment(),
                                      folder / "output");
 }

@@ -47,8 +47,8 @@ class Desktop : public testing::Test {
     /// What the programs that it starts find in their environment beside the usual.
     std::map<std::string, std::string> announced;
     std::map<std::string, std::string> environment() const;
-    /// Starts it once more.
-    std::unique_ptr<Process> launchAnother();
+    /// Starts a copy of it, and waits for nothing.
+    std::unique_ptr<Process> startCopy();
     /// Its exit status; the number of the signal that killed it, negative.
     int exitStatus();
     int exitStatus(Process& process);

@@ -69,7 +69,7 @@ TEST_F(NewUserStory, FromAnEmptyHomeFolderToAMeeting) {
     // Its first letters alone find more.
     see("the offer to look it up alone", [&] { return isFound(0) && !isFound(1); });
     hand.key("Tab");
-    hand.key(" ");
+    hand.key(" ");  // look it up
     // It, South Milwaukee, and the offer to look further.
     see("cities found", [&] { return isFound(2); });
     hand.key("Tab");

@@ -163,7 +163,7 @@ TEST_F(ReaderStory, HearsTheSettingsAndTheMenu) {
     see("the menu", [this] { return menu(); });
     hand.key("Up");
     see("its last line in the focus", [&] { return reader->focused() == "Quit Noonward"; });
-    // Held: Qt copies each key for the readers and, ending, forgets those not told of yet.
+    // Held: at its end Qt leaks its copy of a key that the readers are still being told of.
     hand.pressKey(hand.codeOf("Return"));
     EXPECT_EQ(exitStatus(), 0);
 }

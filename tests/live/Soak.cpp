@@ -104,7 +104,7 @@ class Soak : public Desktop {
         EXPECT_EQ(exitStatus(), 0);
         moveAway();
         removeMonitors();
-        program = next ? std::move(next) : launchAnother();
+        program = next ? std::move(next) : startCopy();
         seeStarted();
         ++starts;
     }
@@ -206,7 +206,7 @@ class Soak : public Desktop {
         sendOnBus(words);
     }
     void startAgain() {
-        auto another = launchAnother();
+        auto another = startCopy();
         see("the end of a copy", [&] { return another->status() || program->status(); });
         // One that starts while the first is ending takes its place.
         if (program->status())

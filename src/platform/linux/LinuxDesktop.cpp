@@ -10,6 +10,7 @@
 #include "platform/linux/MessageBus.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PortalHotKeys.h"
+#include "platform/linux/ServerEnd.h"
 #include "platform/linux/X11.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Keyboard.h"
@@ -18,7 +19,6 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11Stack.h"
 #include "platform/linux/X11WindowSystem.h"
-#include "platform/linux/XlibErrors.h"
 #include "platform/linux/ZoneWatch.h"
 
 namespace noonward {

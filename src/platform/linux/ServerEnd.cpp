@@ -1,4 +1,4 @@
-#include "platform/linux/XlibErrors.h"
+#include "platform/linux/ServerEnd.h"
 
 #include <X11/Xlib.h>
 #include <signal.h>
@@ -8,7 +8,7 @@
 namespace noonward {
 
 void endQuietlyWithTheServer() {
-    // Whichever library notices first that the server is gone: Xlib would write to stderr.
+    // If Xlib is the first to notice that the server is gone, it would write to stderr.
     XSetIOErrorHandler([](Display*) -> int { std::_Exit(1); });
     // A request may be under way as the server goes: that it fails is enough.
     ::signal(SIGPIPE, SIG_IGN);
