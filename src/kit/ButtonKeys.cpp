@@ -4,13 +4,9 @@
 #include <QPainter>
 #include <utility>
 
+#include "kit/ControlLook.h"
+
 namespace kit {
-namespace {
-
-constexpr double ringWidth = 1.5;
-constexpr double ringRadius = 9;
-
-}  // namespace
 
 ButtonKeys::ButtonKeys(Id button, QWidget& host) : QWidget(&host), button_(button) {
     setFocusPolicy(Qt::TabFocus);
@@ -41,17 +37,10 @@ void ButtonKeys::tellFocus(bool has) {
     if (held) held(has);
 }
 
-// Dark within light is seen on any ground.
 void ButtonKeys::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    for (const auto& [colour, inset] : {std::pair(Qt::white, 0.75), std::pair(Qt::black, 2.25)}) {
-        painter.setPen(QPen(colour, ringWidth));
-        const QRectF ring = QRectF(rect()).marginsRemoved({inset, inset, inset, inset});
-        painter.drawRoundedRect(ring, ringRadius - inset, ringRadius - inset);
-    }
+    paintFocusRing(painter, outline, QRectF(rect()).marginsRemoved(around));
 }
 
 }  // namespace kit

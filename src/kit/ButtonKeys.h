@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QMargins>
 #include <QWidget>
 #include <functional>
 
 #include "kit/Placed.h"
+#include "kit/Shapes.h"
 
 namespace kit {
 
@@ -13,10 +15,14 @@ class ButtonKeys final : public QWidget {
  public:
     ButtonKeys(Id button, QWidget& host);
 
+    /// Room for the ring around the button, points.
+    static constexpr QMargins around{3, 3, 3, 3};
+
     Id button() const { return button_; }
 
     std::function<void()> press;
     std::function<void(bool has)> focused;  ///< may be null
+    Shape outline = rectangle();            ///< of the button
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -55,6 +55,7 @@ Element button(const Placed& placed, const std::string* tooltip) {
 
 void collect(const Placed& placed, const std::string* tooltip, std::vector<Element>& into) {
     const Interaction* interaction = placed.node->interaction();
+    if (interaction && interaction->inert) return;
     if (interaction && !interaction->tooltip.empty()) tooltip = &interaction->tooltip;
     if (interaction && interaction->press) {
         into.push_back(button(placed, tooltip));

@@ -33,13 +33,8 @@ class OpacityNode final : public Wrapper {
     void paint(const Placed& self, Painting& painting) const override {
         if (opacity_ <= 0) return;
         if (opacity_ >= 1) return painting.paintChildren(self);
-        painting.layer(
-            self.bounds, [&](Painting& inside) { inside.paintChildren(self); },
-            [&](QPainter& painter, QImage& image) {
-                // All of the picture: an edge between pixels would be faded by half.
-                painter.resetTransform();
-                multiplyAlpha(painter, image.rect(), black.opacity(opacity_).qcolor());
-            });
+        painting.faded(self.bounds, opacity_,
+                       [&](Painting& inside) { inside.paintChildren(self); });
     }
     std::string description() const override { return "opacity"; }
 
@@ -79,7 +74,10 @@ class ScaleNode final : public Wrapper {
     }
     QRectF bounds(const Placed& self) const override {
         if (x_ <= 0 || y_ <= 0) return {self.rect.topLeft(), QSizeF(0, 0)};
-        return transform(self.rect).mapRect(Wrapper::bounds(self));
+        const QRectF drawn = transform(self.rect).mapRect(Wrapper::bounds(self));
+        // The last of the picture's pixels is smeared when it is drawn larger.
+        const double over = spreads() ? std::ceil(std::max(x_, y_)) : 0;
+        return drawn.adjusted(-over, -over, over, over);
     }
     std::optional<QPointF> inChildren(const Placed& self, const QPointF& point) const override {
         if (x_ <= 0 || y_ <= 0) return std::nullopt;
@@ -103,7 +101,7 @@ class ScaleNode final : public Wrapper {
         painter.scale(scale, scale);
         painter.translate(-content.bounds.topLeft());
         Painting inside = painting.inside(painter, content.bounds);
-        inside.leaveOut(std::nullopt);
+        inside.setAttention({});
         inside.paint(content);
         return image;
     }

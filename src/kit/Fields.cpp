@@ -1,5 +1,7 @@
 #include "kit/Fields.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QWidget>
 #include <algorithm>
 
@@ -47,6 +49,7 @@ void Fields::order() {
 
 void Fields::collect(const Placed& placed, const QRectF& visible) {
     const Interaction* interaction = placed.node->interaction();
+    if (interaction && interaction->inert) return;
     if (placed.node->textField() || placed.node->dateField() ||
         (interaction && interaction->keys != PressKeys::none)) {
         wanted_.push_back({&placed, visible & placed.rect});
@@ -93,6 +96,26 @@ void Fields::place(RealField& field, const QRectF& rect, const QRectF& visible,
 QWidget* Fields::widget(Id id) const {
     const auto found = fields_.find(id);
     return found == fields_.end() ? nullptr : &found->second->widget();
+}
+
+void Fields::press(Id id, const QPointF& at) {
+    QWidget* field = widget(id);
+    if (!field) return;
+    field->setFocus(Qt::MouseFocusReason);
+    const QRectF inside = QRectF(field->rect()).adjusted(0, 0, -1, -1);
+    const QPointF local = field->mapFrom(&host_, at.toPoint());
+    const QPointF nearest(std::clamp(local.x(), inside.left(), inside.right()),
+                          std::clamp(local.y(), inside.top(), inside.bottom()));
+    // A date's digits are in a field of their own within its widget.
+    QWidget* under = field->childAt(nearest.toPoint());
+    QWidget* receiver = under ? under : field;
+    const QPointF place = receiver->mapFrom(field, nearest.toPoint());
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, place, receiver->mapToGlobal(place), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(receiver, &event);
+    }
 }
 
 std::optional<Id> Fields::focused() const {

@@ -43,6 +43,9 @@ class Fields {
 
     /// The widget of a field; null where there is none.
     QWidget* widget(Id id) const;
+    /// Gives a field the focus by a press at a point of the host: outside of the field itself, at
+    /// the point of it that is nearest.
+    void press(Id id, const QPointF& at);
     /// The field that has the focus; nothing where none has.
     std::optional<Id> focused() const;
     /// Whether that one is there for the keys: presses beside it leave them to it.

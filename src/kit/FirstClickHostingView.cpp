@@ -73,9 +73,12 @@ void FirstClickHostingView::refresh() {
     takeUp(std::nullopt);
 }
 
-// What nobody sees is taken up when it is shown, or asked for.
+// What nobody sees is taken up when it is shown, or asked for. What has appeared is scrolled into
+// sight on the way.
 void FirstClickHostingView::settle(const std::optional<Curve>& curve) {
-    if (isVisible()) takeUp(curve);
+    if (!isVisible()) return;
+    takeUp(curve);
+    takeUp(curve);
 }
 
 void FirstClickHostingView::takeUp(const std::optional<Curve>& curve) {
@@ -152,7 +155,10 @@ void FirstClickHostingView::paintEvent(QPaintEvent* event) {
     for (const QRect& piece : region) {
         painter.setClipRect(piece);
         Painting painting(painter, tiles_, piece);
-        if (!presentation_.moving()) painting.leaveOut(fields_.focused());
+        Attention attention = attention_;
+        attention.focused = fields_.focused();
+        if (!presentation_.moving()) attention.leftOut = attention.focused;
+        painting.setAttention(attention);
         painting.paint(*painted_);
     }
 }
@@ -162,7 +168,9 @@ void FirstClickHostingView::showEvent(QShowEvent*) {
 }
 
 void FirstClickHostingView::hideEvent(QHideEvent*) {
+    pressed_.reset();
     hoverAt(std::nullopt);
+    hideTooltip();
 }
 
 }  // namespace kit

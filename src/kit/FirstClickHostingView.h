@@ -11,6 +11,7 @@
 
 #include "kit/Animation.h"
 #include "kit/Fields.h"
+#include "kit/Painting.h"
 #include "kit/Placed.h"
 #include "kit/Presentation.h"
 #include "kit/Tiles.h"
@@ -99,6 +100,9 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void forgetLostPositions();
     void showAppeared();
     void hoverAt(const std::optional<QPointF>& point);
+    void attend();
+    void showCursor();
+    void hideTooltip();
 
     Environment environment_;
     Body body_;
@@ -113,6 +117,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     bool busy_ = false;  // with what must not meet another tree half-way
     bool scheduled_ = false;
     std::optional<Id> pressed_;
+    Attention attention_;
     std::optional<QPointF> pointer_;
     std::optional<Id> focusedField_;
     std::map<Id, Hover> hovered_;

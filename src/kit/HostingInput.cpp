@@ -19,6 +19,10 @@ bool takesPress(const Placed& placed) {
     const Interaction* interaction = placed.node->interaction();
     return interaction && interaction->press;
 }
+bool isControl(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->isControl;
+}
 bool takesHover(const Placed& placed) {
     const Interaction* interaction = placed.node->interaction();
     return interaction && interaction->hover;
@@ -39,6 +43,29 @@ bool isDefault(const Placed& placed) {
 
 bool isField(const Placed& placed) {
     return placed.node->textField() || placed.node->dateField();
+}
+
+bool isFieldBox(const Placed& placed) {
+    const Interaction* interaction = placed.node->interaction();
+    return interaction && interaction->holdsField;
+}
+
+std::optional<Cursor> cursorOf(const Placed& placed) {
+    if (isField(placed)) return Cursor::text;
+    const Interaction* interaction = placed.node->interaction();
+    return interaction ? interaction->cursor : std::nullopt;
+}
+
+Qt::CursorShape shapeOf(std::optional<Cursor> cursor) {
+    switch (cursor.value_or(Cursor::arrow)) {
+        case Cursor::arrow:
+            return Qt::ArrowCursor;
+        case Cursor::text:
+            return Qt::IBeamCursor;
+        case Cursor::grab:
+            return Qt::OpenHandCursor;
+    }
+    return Qt::ArrowCursor;
 }
 
 // Where a scrolled view is now, and how far it can go, in points.
@@ -112,11 +139,15 @@ void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const auto path = hit(placed(), inView(event->position()), takesPress);
     pressed_ = path.empty() ? std::nullopt : std::optional(path.back()->id);
+    hoverAt(inView(event->position()));
     if (!path.empty()) return;
-    // While something glides the real fields are out of sight, and out of the pointer's reach.
-    const auto field = hit(placed(), inView(event->position()), isField);
-    if (!field.empty()) {
-        fields_.widget(field.back()->id)->setFocus(Qt::MouseFocusReason);
+    // The box around a field is the field's. And while something glides the real fields are out of
+    // sight, and out of the pointer's reach.
+    const auto box = hit(placed(), inView(event->position()), isFieldBox);
+    const auto around = box.empty() ? hit(placed(), inView(event->position()), isField) : box;
+    const Placed* field = around.empty() ? nullptr : kit::find(*around.back(), isField);
+    if (field) {
+        fields_.press(field->id, event->position());
     } else if (!fields_.focusedHoldsKeys()) {
         setFocus();
     }
@@ -125,6 +156,7 @@ void FirstClickHostingView::mousePressEvent(QMouseEvent* event) {
 void FirstClickHostingView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressed_) return;
     const Id id = *std::exchange(pressed_, std::nullopt);
+    attend();
     fields_.commit();
     const auto path = hit(placed(), inView(event->position()), takesPress);
     if (path.empty() || path.back()->id != id) return;
@@ -190,8 +222,37 @@ void FirstClickHostingView::showAppeared() {
     if (first) scrollIntoSight(pathTo(presentation_.target(), *first), appeared);
 }
 
+// At once: nothing is built anew for it.
+void FirstClickHostingView::attend() {
+    const auto path =
+        pointer_ ? hit(presentation_.target(), *pointer_, isControl) : std::vector<const Placed*>();
+    const Placed* control = path.empty() ? nullptr : path.back();
+    Attention now;
+    if (control && control->node->interaction()->enabled) {
+        if (pressed_ == control->id) now.held = control->id;
+        if (!pressed_) now.hovered = control->id;
+    }
+    const Attention before = std::exchange(attention_, now);
+    if (now == before) return;
+    for (const Attention& which : {before, now}) {
+        const auto id = which.held ? which.held : which.hovered;
+        const auto to = id ? pathTo(*painted_, *id) : std::vector<const Placed*>();
+        if (!to.empty()) update(to.back()->bounds.toAlignedRect().translated(origin()));
+    }
+}
+
+void FirstClickHostingView::showCursor() {
+    const auto hasCursor = [](const Placed& placed) { return cursorOf(placed).has_value(); };
+    const auto path =
+        pointer_ ? hit(presentation_.target(), *pointer_, hasCursor) : std::vector<const Placed*>();
+    const Qt::CursorShape shape = shapeOf(path.empty() ? std::nullopt : cursorOf(*path.back()));
+    if (shape != cursor().shape()) setCursor(shape);
+}
+
 void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {
     pointer_ = point;
+    attend();
+    showCursor();
     std::map<Id, Hover> now;
     std::vector<std::pair<Hover, QPointF>> calls;
     if (point) {
@@ -207,6 +268,11 @@ void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {
     }
     for (const auto& [hover, at] : calls)
         hover(at);
+}
+
+// Qt would let it stand for another moment: over a window that is gone.
+void FirstClickHostingView::hideTooltip() {
+    if (auto* shown = findChild<QWidget*>(QStringLiteral("qtooltip_label"))) shown->hide();
 }
 
 bool FirstClickHostingView::event(QEvent* event) {

@@ -1,8 +1,9 @@
 #include "kit/Interaction.h"
 
+#include "kit/ControlLook.h"
 #include "kit/Description.h"
 #include "kit/Node.h"
-#include "kit/Placed.h"
+#include "kit/Painting.h"
 
 namespace kit {
 namespace {
@@ -13,6 +14,21 @@ class InteractionNode final : public Wrapper {
         : Wrapper(std::move(child)), name_(std::move(name)), interaction_(std::move(interaction)) {}
 
     const Interaction* interaction() const override { return &interaction_; }
+
+    void paint(const Placed& self, Painting& painting) const override {
+        if (interaction_.isControl)
+            paintControl(self, painting);
+        else
+            painting.paintChildren(self);
+        if (interaction_.holdsField) paintFocusedDate(self, painting);
+    }
+
+    // What shows that the user is there reaches beyond what stands there.
+    QRectF bounds(const Placed& self) const override {
+        const QRectF inner = Wrapper::bounds(self);
+        return interaction_.isControl || interaction_.holdsField ? inner | attentionRect(self.rect)
+                                                                 : inner;
+    }
     std::string description() const override {
         return interaction_.tooltip.empty() ? name_ : name_ + " \"" + interaction_.tooltip + "\"";
     }
@@ -45,6 +61,7 @@ View View::button(std::function<void()> press, PressKeys keys,
                   std::function<void(bool has)> focused) const {
     Interaction interaction;
     interaction.press = std::move(press);
+    interaction.isControl = true;
     interaction.keys = keys;
     interaction.focused = std::move(focused);
     return interactive(*this, "button", std::move(interaction));
@@ -61,6 +78,7 @@ View View::disabledButton() const {
 View View::toggle(bool checked, std::function<void()> press) const {
     Interaction interaction;
     interaction.press = std::move(press);
+    interaction.isControl = true;
     interaction.keys = PressKeys::space;
     interaction.checked = checked;
     return interactive(*this, checked ? "toggle on" : "toggle off", std::move(interaction));
@@ -69,6 +87,7 @@ View View::toggle(bool checked, std::function<void()> press) const {
 View View::choice(bool chosen, std::function<void()> press) const {
     Interaction interaction;
     interaction.press = std::move(press);
+    interaction.isControl = true;
     interaction.keys = PressKeys::space;
     interaction.checked = chosen;
     interaction.oneOfSeveral = true;
@@ -81,10 +100,23 @@ View View::tooltip(std::string text) const {
     return interactive(*this, "tooltip", std::move(interaction));
 }
 
-View View::revealed() const {
+View View::revealed(bool wanted) const {
     Interaction interaction;
-    interaction.revealed = true;
+    interaction.revealed = wanted;
     return interactive(*this, "revealed", std::move(interaction));
+}
+
+View View::cursor(Cursor cursor) const {
+    Interaction interaction;
+    interaction.cursor = cursor;
+    return interactive(*this, "cursor", std::move(interaction));
+}
+
+View View::fieldBox() const {
+    Interaction interaction;
+    interaction.holdsField = true;
+    interaction.cursor = Cursor::text;
+    return interactive(*this, "field box", std::move(interaction));
 }
 
 View View::onHover(std::function<void(std::optional<QPointF>)> hover) const {

@@ -22,9 +22,17 @@ enum class PressKeys {
     spaceAndReturn  ///< and Return from anywhere in its window
 };
 
+/// What the pointer looks like.
+enum class Cursor {
+    arrow,
+    text,  ///< where text is typed
+    grab   ///< what can be dragged
+};
+
 /// What a view answers to. Each modifier sets one of these.
 struct Interaction {
     std::function<void()> press;  ///< a button, or a tap
+    bool isControl = false;       ///< it shows that the pointer is over it, and holds it down
     PressKeys keys = PressKeys::none;
     /// Of a button that keys press: that it has got the focus, or lost it.
     std::function<void(bool has)> focused;
@@ -39,6 +47,9 @@ struct Interaction {
     std::function<void(double position)> scrollTo;
     double scrolled = 0;    ///< the position that was asked for
     bool revealed = false;  ///< scrolled into sight when it appears
+    std::optional<Cursor> cursor;
+    bool holdsField = false;  ///< a press anywhere in it goes to the field that it holds
+    bool inert = false;       ///< nothing in it can be reached or is read out
 };
 
 /// A line of text the user edits.

@@ -14,6 +14,7 @@ namespace kit {
 struct Description;
 struct Placed;
 class Painting;
+class Shape;
 
 /// What stands behind a View: immutable, shared, and drawn only through its place in a tree.
 class Node {
@@ -73,6 +74,8 @@ class Node {
     virtual const TextFieldSpec* textField() const { return nullptr; }
     virtual const DateFieldSpec* dateField() const { return nullptr; }
     virtual const Description* accessible() const { return nullptr; }
+    /// What it draws, if that is nothing but a shape.
+    virtual const Shape* shape() const { return nullptr; }
 
     /// One word and its arguments, for the text dump: `text "London"`.
     virtual std::string description() const = 0;

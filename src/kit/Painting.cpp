@@ -51,6 +51,16 @@ void Painting::clipped(const QRectF& rect, const std::function<void(Painting&)>&
     painter_.restore();
 }
 
+void Painting::faded(const QRectF& bounds, double opacity,
+                     const std::function<void(Painting&)>& draw) {
+    layer(bounds, draw, [opacity](QPainter& painter, QImage& image) {
+        // All of the picture: an edge between pixels would be faded by half.
+        painter.resetTransform();
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        painter.fillRect(image.rect(), black.opacity(opacity).qcolor());
+    });
+}
+
 void Painting::layer(const QRectF& bounds, const std::function<void(Painting&)>& draw,
                      const std::function<void(QPainter&, QImage&)>& finish, double reach) {
     const QTransform toDevice = painter_.deviceTransform();

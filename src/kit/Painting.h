@@ -10,6 +10,16 @@
 
 namespace kit {
 
+/// What the user is at, of what is painted; nothing in pictures.
+struct Attention {
+    std::optional<Id> focused;  ///< the field or button that has the keys
+    std::optional<Id> leftOut;  ///< the field that the real one, over the picture, shows itself
+    std::optional<Id> hovered;  ///< the control under the pointer
+    std::optional<Id> held;     ///< the control that the pointer holds down
+
+    bool operator==(const Attention&) const = default;
+};
+
 /// One pass of painting a placed tree onto a painter, in points from the root's corner.
 class Painting {
  public:
@@ -28,14 +38,13 @@ class Painting {
     /// The rectangle with its edges moved to the nearest device pixels, so that they stay sharp.
     QRectF aligned(const QRectF& rect) const;
 
-    /// The field that is left to the real one that lies over the picture.
-    void leaveOut(std::optional<Id> field) { leftOut_ = field; }
-    std::optional<Id> leftOut() const { return leftOut_; }
+    void setAttention(const Attention& attention) { attention_ = attention; }
+    const Attention& attention() const { return attention_; }
 
     /// A painting of the same pass onto another painter.
     Painting inside(QPainter& painter, const QRectF& clip) const {
         Painting result(painter, tiles_, clip);
-        result.leftOut_ = leftOut_;
+        result.attention_ = attention_;
         return result;
     }
 
@@ -45,6 +54,9 @@ class Painting {
 
     /// Runs `draw` with the clip narrowed to a rectangle.
     void clipped(const QRectF& rect, const std::function<void(Painting&)>& draw);
+
+    /// Runs `draw` and lays what it draws over what is there, with its opacity multiplied.
+    void faded(const QRectF& bounds, double opacity, const std::function<void(Painting&)>& draw);
 
     /// Draws into a picture of its own, lets `finish` work on it, and lays it over what is there.
     /// `reach` is how far, in points, `finish` carries what is drawn: that much is drawn beyond
@@ -56,7 +68,7 @@ class Painting {
     QPainter& painter_;
     Tiles& tiles_;
     QRectF clip_;
-    std::optional<Id> leftOut_;
+    Attention attention_;
 };
 
 }  // namespace kit

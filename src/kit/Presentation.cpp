@@ -6,6 +6,10 @@
 namespace kit {
 namespace {
 
+// Of what `state` holds.
+constexpr std::size_t width = 2;
+constexpr std::size_t height = 3;
+
 std::vector<double> state(const Placed& placed) {
     std::vector<double> result{placed.rect.left(), placed.rect.top(), placed.rect.width(),
                                placed.rect.height()};
@@ -33,6 +37,11 @@ void Presentation::compare(const Placed& before, const Placed& after,
     if (before.node != after.node || before.rect != after.rect) {
         std::vector<double> behind = state(before);
         const std::vector<double> goal = state(after);
+        // Other words in less room than they need would be cut on the way.
+        if (node.accessible() && !node.paintsLike(*before.node)) {
+            behind[width] = goal[width];
+            behind[height] = goal[height];
+        }
         if (behind.size() != goal.size()) {
             glides_.erase(after.id);
         } else if (behind != goal) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "kit/ButtonKeys.h"
+#include "kit/ControlLook.h"
 #include "kit/TextField.h"
 
 namespace kit {
@@ -156,11 +157,12 @@ class ButtonField final : public RealField {
     ~ButtonField() override { keys_->focused = nullptr; }
 
     QWidget& widget() override { return *keys_; }
-    QMargins margins() const override { return {3, 3, 3, 3}; }
+    QMargins margins() const override { return ButtonKeys::around; }
 
     void update(const Placed& field) override {
         keys_->press = field.node->interaction()->press;
         keys_->focused = field.node->interaction()->focused;
+        keys_->outline = outlineOf(field);
     }
 
  private:

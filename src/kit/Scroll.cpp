@@ -1,11 +1,14 @@
 #include "kit/Scroll.h"
 
+#include <QLinearGradient>
 #include <algorithm>
 
 #include "kit/Painting.h"
 
 namespace kit {
 namespace {
+
+constexpr double fadeHeight = 18;  // points, at an edge that cuts something off
 
 class ScrollNode final : public Wrapper {
  public:
@@ -29,16 +32,43 @@ class ScrollNode final : public Wrapper {
     }
 
     void paint(const Placed& self, Painting& painting) const override {
-        painting.clipped(self.rect, [&](Painting& inside) { inside.paintChildren(self); });
+        const QRectF& content = self.children.front().rect;
+        const QRectF rect = self.rect;
+        const double above = std::clamp(rect.top() - content.top(), 0.0, fadeHeight);
+        const double below = std::clamp(content.bottom() - rect.bottom(), 0.0, fadeHeight);
+        painting.clipped(rect.adjusted(0, above, 0, -below),
+                         [&](Painting& inside) { inside.paintChildren(self); });
+        fade(self, painting, {rect.left(), rect.top(), rect.width(), above}, 0);
+        fade(self, painting, {rect.left(), rect.bottom() - below, rect.width(), below}, 1);
     }
 
     QRectF bounds(const Placed& self) const override { return self.rect; }
     bool cutsOff() const override { return true; }
     bool paintsItself() const override { return true; }
+    // Whether an edge fades hangs on how much lies beyond it.
+    bool spreads() const override { return true; }
     const Interaction* interaction() const override { return &interaction_; }
     std::string description() const override { return "scroll"; }
 
  private:
+    // `end` is where nothing is left of it: 0 its top, 1 its bottom.
+    static void fade(const Placed& self, Painting& painting, const QRectF& edge, double end) {
+        if (edge.height() <= 0) return;
+        QLinearGradient gradient(edge.topLeft(), edge.bottomLeft());
+        gradient.setColorAt(end, Qt::transparent);
+        gradient.setColorAt(1 - end, Qt::black);
+        const QRectF part = painting.aligned(edge);
+        painting.layer(
+            part,
+            [&](Painting& inside) {
+                inside.clipped(part, [&](Painting& clipped) { clipped.paintChildren(self); });
+            },
+            [&](QPainter& painter, QImage&) {
+                painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+                painter.fillRect(part, gradient);
+            });
+    }
+
     double position_;
     Interaction interaction_;
 };

@@ -65,6 +65,8 @@ class ShapeNode final : public Node {
         return std::make_shared<ShapeNode>(shape_.withNumbers(numbers));
     }
 
+    const Shape* shape() const override { return &shape_; }
+
     std::string description() const override { return name(shape_.kind()); }
 
  private:

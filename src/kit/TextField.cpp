@@ -26,7 +26,7 @@ class TextFieldNode final : public Node {
     void place(Placed& self) const override { self.add(0, line(self.environment), self.rect); }
 
     void paint(const Placed& self, Painting& painting) const override {
-        if (painting.leftOut() != self.id) painting.paintChildren(self);
+        if (painting.attention().leftOut != self.id) painting.paintChildren(self);
     }
 
     const TextFieldSpec* textField() const override { return &field_; }
@@ -55,7 +55,7 @@ class DateFieldNode final : public Node {
     }
     void place(Placed& self) const override { self.add(0, line(), self.rect); }
     void paint(const Placed& self, Painting& painting) const override {
-        if (painting.leftOut() != self.id) painting.paintChildren(self);
+        if (painting.attention().leftOut != self.id) painting.paintChildren(self);
     }
     const DateFieldSpec* dateField() const override { return &field_; }
     std::string description() const override { return "date field"; }

@@ -16,6 +16,7 @@ class Node;
 class Shape;
 struct Description;
 struct MenuItem;
+enum class Cursor;
 enum class PressKeys;
 
 /// A position in a horizontal gradient mask: 0 is the leading edge, 1 the trailing one.
@@ -80,8 +81,13 @@ class View {
     /// What a secondary click offers.
     View contextMenu(std::vector<MenuItem> items) const;
     View tooltip(std::string text) const;
-    /// Scrolls itself into sight when it appears.
-    View revealed() const;
+    /// Scrolls itself into sight when it appears, or comes to be `wanted` there.
+    View revealed(bool wanted = true) const;
+    /// What the pointer looks like over it. Fields have the text cursor by themselves.
+    View cursor(Cursor cursor) const;
+    /// The box around a field: a press anywhere in it goes to the field. Around a date, which has
+    /// no insertion point, it shows where the focus is.
+    View fieldBox() const;
     View onHover(std::function<void(std::optional<QPointF>)> hover) const;
 
     /// What it is to those who cannot see it, and all that is inside of it with it.

@@ -3,9 +3,11 @@
 #include <cmath>
 
 #include "kit/Blur.h"
+#include "kit/Damage.h"
 #include "kit/OffScreen.h"
 #include "kit/Png.h"
 #include "kit/RoundedPath.h"
+#include "kit/Scroll.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Tile.h"
@@ -182,6 +184,60 @@ TEST(Shadow, KnowsNoClip) {
     }
     for (int y = 20; y < 180; ++y)
         EXPECT_EQ(pieces.pixel(96, y), whole.pixel(96, y)) << y;
+}
+
+// Wherever two trees look different: in what is scaled or smeared, and at the edges of a scroll.
+TEST(Damage, CoversAllThatLooksOtherwise) {
+    const auto column = [](int boxes) {
+        return scroll(vstack({}, Views(static_cast<std::size_t>(boxes),
+                                       View(rectangle().fill(teal)).frame({.height = 40}))),
+                      0, [](double) {})
+            .frame({.height = 60});
+    };
+    const auto dot = [](Colour colour) {
+        return zstack(centred, {rectangle().fill(colour).frame({.width = 10, .height = 10})});
+    };
+    struct Case {
+        const char* name;
+        View before, after;
+    };
+    for (const auto& [name, before, after] :
+         {Case{"scaled", dot(teal).scale(4, 4), dot(ground).scale(4, 4)},
+          {"blurred", dot(teal).blur(6), dot(ground).blur(6)},
+          {"glowing", dot(teal).shadow(teal, 6), dot(ground.opacity(0.5)).shadow(teal, 6)},
+          {"longer than before", column(1), column(2)}}) {
+        const auto inFrame = [](const View& view) {
+            return layOut(view.frame({.width = 80, .height = 80}), environment);
+        };
+        const Placed trees[] = {inFrame(before), inFrame(after)};
+        Tiles tiles;
+        const QImage one = paintOffScreen(trees[0], 1, tiles);
+        const QImage other = paintOffScreen(trees[1], 1, tiles);
+        QRegion damaged;
+        for (const QRectF& rect : damage(trees[0], trees[1]))
+            damaged += rect.toAlignedRect();
+        EXPECT_NE(one, other) << name;
+        for (int i = 0; i < 80 * 80; ++i) {
+            const QPoint at(i % 80, i / 80);
+            EXPECT_TRUE(one.pixel(at) == other.pixel(at) || damaged.contains(at)) << name;
+        }
+    }
+}
+
+// Boxes of 40 in room for 60, scrolled down by 30.
+TEST(Scroll, FadesWhereItCutsSomethingOff) {
+    const auto alphaAt = [](double position, int y) {
+        const View boxes = vstack({}, Views(3, View(rectangle().fill(teal)).frame({.height = 40})));
+        return qAlpha(
+            painted(scroll(boxes, position, [](double) {}).frame({.width = 20, .height = 60}), 1)
+                .pixel(10, y));
+    };
+    for (const auto& [position, top, bottom] :
+         {std::tuple(0, true, false), {30, false, false}, {60, false, true}}) {
+        EXPECT_EQ(alphaAt(position, 0) == 255, top) << position;
+        EXPECT_EQ(alphaAt(position, 59) == 255, bottom) << position;
+        EXPECT_EQ(alphaAt(position, 30), 255) << position;
+    }
 }
 
 TEST(Blur, KeepsWhatItSpreads) {

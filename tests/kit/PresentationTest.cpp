@@ -6,6 +6,7 @@
 
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
+#include "kit/Text.h"
 
 namespace kit {
 namespace {
@@ -139,6 +140,15 @@ TEST(Presentation, WhatComesStartsWhereItBelongs) {
     presentation.show(placed(with(true)), spring(0.4, 0.8), 0);
     EXPECT_NE(dump(*presentation.at(0.05)).find("rectangle [40 0"), std::string::npos);
     EXPECT_LT(seen(presentation, 0.05).width, 60);
+}
+
+TEST(Presentation, OtherWordsHaveTheirRoomAtOnce) {
+    Presentation presentation;
+    presentation.show(placed(text("5").offset(0, 0)), std::nullopt, 0);
+    presentation.show(placed(text("a longer one").offset(30, 0)), spring(10, 1), 0);
+    const Placed& words = presentation.at(0.1)->children.at(0).children.at(0);
+    EXPECT_EQ(words.rect.width(), presentation.target().children.at(0).rect.width());
+    EXPECT_LT(words.rect.left(), 30);
 }
 
 TEST(Presentation, EveryFrameOfAnOvershootIsALayout) {
