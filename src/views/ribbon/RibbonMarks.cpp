@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "kit/Description.h"
+#include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -94,6 +95,7 @@ View proposalBlock(const RibbonContext& context, double height) {
                                        .name = "Proposed time",
                                        .value = range + " " + context.home.label,
                                        .range = minutesOfDay(context, proposal)})
+                           .cursor(Cursor::grab)
                            .offset(from - 2, 36);
     const View label = text(range)
                            .font(hanken(11, Weight::bold))

@@ -39,7 +39,8 @@ View searchField(const State& state, const Palette& palette) {
                })
         .font(hanken(15))
         .padding({.horizontal = 12, .vertical = 9})
-        .background(chipGround(palette, 10));
+        .background(chipGround(palette, 10))
+        .fieldBox();
 }
 
 std::string describe(const Store& store, const City& city) {

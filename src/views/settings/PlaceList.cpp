@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Unicode.h"
+#include "kit/Disclosure.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
@@ -185,6 +186,16 @@ View placeRow(const Entry& entry) {
             zstack(centred, {chipGround(entry.palette, 10), roundedRectangle(10).fill(lit)}));
 }
 
+// What is shut is there as long as it may glide.
+View week(const Entry& entry) {
+    const bool isOpen = entry.state->isEditing(entry.identity);
+    if (!isOpen && !entry.state->isShut(entry.identity)) return {};
+    return disclosure(weekEditor(entry.state, entry.palette, entry.identity, entry.row)
+                          .revealed(isOpen)
+                          .padding({.top = 8}),
+                      isOpen);
+}
+
 }  // namespace
 
 View placeList(const std::shared_ptr<SettingsState>& state, const Palette& palette) {
@@ -195,14 +206,7 @@ View placeList(const std::shared_ptr<SettingsState>& state, const Palette& palet
         [&](const Row& row) {
             const Entry entry{state,  palette, identities[static_cast<std::size_t>(row.id)],
                               row.id, row,     state->store.isHome(row.id)};
-            return vstack(
-                {.align = Horizontal::leading, .spacing = 8},
-                {
-                    placeRow(entry),
-                    when(
-                        state->isEditing(entry.identity),
-                        [&] { return weekEditor(state, palette, entry.identity, row).revealed(); }),
-                });
+            return vstack({.align = Horizontal::leading}, {placeRow(entry), week(entry)});
         });
 }
 

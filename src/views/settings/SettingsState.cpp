@@ -39,7 +39,8 @@ SettingsState::SettingsState(Store& model, NotchUI& notchUI, const Services& use
       loginOn(changes_, used.loginItem && used.loginItem->enabled()),
       searchFocus(changes_, 0),
       scrolled(changes_, 0),
-      editing_(changes_) {
+      editing_(changes_),
+      shut_(changes_) {
     if (!editing || *editing < 0) return;
     const auto index = static_cast<std::size_t>(*editing);
     if (index < identities().size()) editing_ = identities()[index];
@@ -50,7 +51,13 @@ const std::vector<PlaceIdentity>& SettingsState::identities() const {
 }
 
 void SettingsState::toggleEditing(PlaceIdentity place) {
-    editing_ = isEditing(place) ? std::nullopt : std::optional(place);
+    const std::optional<PlaceIdentity> before = editing_();
+    // What is to glide open is there before.
+    if (before != place) shut_ = place;
+    animate([&] {
+        shut_ = before;
+        editing_ = before == place ? std::nullopt : std::optional(place);
+    });
 }
 
 void SettingsState::edit(PlaceIdentity place, const Edit& change) const {
@@ -60,7 +67,11 @@ void SettingsState::edit(PlaceIdentity place, const Edit& change) const {
 }
 
 void SettingsState::rearrange(PlaceIdentity place, const Edit& change) const {
-    services.animations.withAnimation(rearrangement, [&] { edit(place, change); });
+    animate([&] { edit(place, change); });
+}
+
+void SettingsState::animate(const std::function<void()>& changes) const {
+    services.animations.withAnimation(rearrangement, changes);
 }
 
 std::vector<City> SettingsState::matches() const {
@@ -82,7 +93,7 @@ bool SettingsState::isFull() const {
 }
 
 void SettingsState::add(const City& city) {
-    services.animations.withAnimation(rearrangement, [&] { store.add(city); });
+    animate([&] { store.add(city); });
     ++lookUps_;
     lookingUp = false;
     query = std::string();

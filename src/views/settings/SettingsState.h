@@ -61,6 +61,8 @@ class SettingsState : public std::enable_shared_from_this<SettingsState> {
     /// Who the places are now, in their order.
     const std::vector<PlaceIdentity>& identities() const;
     bool isEditing(PlaceIdentity place) const { return editing_() == place; }
+    /// Whether its week is shut, and there for the glide all the same.
+    bool isShut(PlaceIdentity place) const { return shut_() == place; }
     void toggleEditing(PlaceIdentity place);
 
     /// Does something to a place by its present index, if it is still there.
@@ -68,6 +70,9 @@ class SettingsState : public std::enable_shared_from_this<SettingsState> {
     void edit(PlaceIdentity place, const Edit& change) const;
     /// The same for what moves places: they glide.
     void rearrange(PlaceIdentity place, const Edit& change) const;
+
+    /// Runs `changes`: what they move glides.
+    void animate(const std::function<void()>& changes) const;
 
     /// The cities on offer for what is typed.
     std::vector<City> matches() const;
@@ -79,6 +84,7 @@ class SettingsState : public std::enable_shared_from_this<SettingsState> {
  private:
     mutable PlaceIdentities identities_;
     Published<std::optional<PlaceIdentity>> editing_;
+    Published<std::optional<PlaceIdentity>> shut_;
     unsigned lookUps_ = 0;  // the answer to an earlier one comes too late
 };
 

@@ -58,10 +58,11 @@ View appearancePicker(Store& store, const Palette& palette) {
         .background(chipGround(palette, 10));
 }
 
-View rollingSwitch(Store& store, const Palette& palette) {
-    return labelledSwitch(palette,
-                          text("Keep now in the middle").font(hanken(12, Weight::semibold)),
-                          store.config().rolling, [&store](bool on) { store.setRolling(on); })
+View rollingSwitch(const State& state, const Palette& palette) {
+    return labelledSwitch(
+               palette, text("Keep now in the middle").font(hanken(12, Weight::semibold)),
+               state->store.config().rolling,
+               [state](bool on) { state->animate([&] { state->store.setRolling(on); }); })
         .tooltip(
             "The ribbon shows twelve hours either side of now, and the rows drift as time passes");
 }
@@ -80,7 +81,7 @@ View header(const State& state, const Palette& palette) {
                   {
                       text("Places & appearance").font(hanken(22, Weight::semibold)),
                       appearancePicker(state->store, palette),
-                      rollingSwitch(state->store, palette),
+                      rollingSwitch(state, palette),
                       spacer(),
                       doneButton(state->ui, palette),
                   });
@@ -129,7 +130,8 @@ View program(const State& state, const Palette& palette) {
         {
             legend(palette),
             labelledSwitch(palette, text("Open at login").font(hanken(12, Weight::semibold)),
-                           state->loginOn(), [state](bool on) { state->setLogin(on); }),
+                           state->loginOn(),
+                           [state](bool on) { state->animate([&] { state->setLogin(on); }); }),
             text("Noonward " + ui.version).font(hanken(12)).colour(palette.mist),
             hstack({.spacing = 8},
                    {

@@ -125,7 +125,8 @@ std::string holidayStatus(const Editor& editor, bool on) {
 View publicHolidays(const Editor& editor) {
     const bool on = editor.stored.holidays.value_or(true);
     const auto turn = [state = editor.state, place = editor.place](bool wanted) {
-        state->edit(place, [wanted](Store& store, int index) { store.setHolidays(index, wanted); });
+        state->rearrange(place,
+                         [wanted](Store& store, int index) { store.setHolidays(index, wanted); });
     };
     const std::string status = holidayStatus(editor, on);
     return vstack(
@@ -163,7 +164,8 @@ View newDayOff(const Editor& editor) {
                                  .onChange = [state](QDate day) { state->newDayOff = day; }})
                           .font(hanken(13))
                           .padding({.horizontal = 10, .vertical = 5})
-                          .background(chipGround(editor.palette, 8)),
+                          .background(chipGround(editor.palette, 8))
+                          .fieldBox(),
                       pill(editor.palette, "Add", false, add, PressKeys::space),
                   });
 }
