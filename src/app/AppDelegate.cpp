@@ -15,6 +15,7 @@
 #include "platform/PressesElsewhere.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
+#include "views/theme/WidgetLook.h"
 
 namespace noonward {
 namespace {
@@ -78,6 +79,7 @@ AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& de
               [this] { togglePanel(); }),
       hover_(windows_, ui_, desktop.pointer, desktop.timer) {
     animations_.setEnabled(desktop_.appearance.animations());
+    dress();
     wireCallbacks();
     watchModel();
     watchDesktop();
@@ -150,7 +152,14 @@ void AppDelegate::watchDesktop() {
     }));
 }
 
+void AppDelegate::dress() {
+    if (dressed_ == scheme()) return;
+    dressed_ = scheme();
+    dressWidgets(*dressed_);
+}
+
 void AppDelegate::redraw() {
+    dress();
     cap_.content().invalidate();
     panel_.content().invalidate();
 }

@@ -42,6 +42,7 @@ class AppDelegate final : public QObject {
     void layoutSoon();
     void terminate();
     void redraw();
+    void dress();
 
     Store& store_;
     NotchUI& ui_;
@@ -61,6 +62,7 @@ class AppDelegate final : public QObject {
     GridMouse grid_;
     Hotkey hotkey_;
     Hover hover_;
+    std::optional<Scheme> dressed_;  // in which the toolkit's own windows are
     bool layoutPending_ = false;
     Lifetime lifetime_;
 };

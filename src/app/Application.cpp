@@ -19,6 +19,7 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "reference/GazetteerGeocoder.h"
 #include "views/theme/Fonts.h"
+#include "views/theme/WidgetLook.h"
 
 namespace noonward {
 namespace {
@@ -75,6 +76,7 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
 int live(char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     LinuxDesktop::prepare();
+    QApplication::setStyle(makeWidgetStyle());
     int noArguments = argv[0] ? 1 : 0;
     const QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
