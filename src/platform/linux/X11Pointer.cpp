@@ -9,7 +9,8 @@ namespace noonward {
 namespace {
 
 constexpr std::uint8_t alphaDepth = 32;
-constexpr std::uint32_t crossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
+constexpr std::uint32_t crossings =
+    XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW | XCB_EVENT_MASK_POINTER_MOTION;
 
 const xcb_screen_t* screenOf(const X11& x11) {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(x11.connection()));
@@ -93,15 +94,27 @@ void X11Pointer::stopWaiting() {
 }
 
 void X11Pointer::watch(const xcb_generic_event_t& event, std::uint8_t type) {
-    if (trigger_ == XCB_WINDOW_NONE || (type != XCB_ENTER_NOTIFY && type != XCB_LEAVE_NOTIFY) ||
-        as<xcb_enter_notify_event_t>(event).event != trigger_)
-        return;
-    isInTrigger_ = presence_ && type == XCB_ENTER_NOTIFY;
-    if (type == XCB_ENTER_NOTIFY) {
-        if (!isInTrigger_) disarm();
-        enteredZone();
-    } else if (!entered_) {
-        disarm();
+    const bool isOfPointer =
+        type == XCB_ENTER_NOTIFY || type == XCB_LEAVE_NOTIFY || type == XCB_MOTION_NOTIFY;
+    if (!isOfPointer || trigger_ == XCB_WINDOW_NONE) return;
+    const auto& crossing = as<xcb_enter_notify_event_t>(event);  // motion lies alike
+    if (crossing.event != trigger_) return;
+    if (presence_) return watchInsideWayland(crossing, type);
+    if (type == XCB_LEAVE_NOTIFY) return;
+    disarm();
+    enteredZone();
+}
+
+/// A window that is mapped where the server saw the pointer last is entered, wherever the pointer
+/// is by now: that proves nothing.
+void X11Pointer::watchInsideWayland(const xcb_enter_notify_event_t& event, std::uint8_t type) {
+    if (type == XCB_MOTION_NOTIFY) {
+        if (!std::exchange(isInTrigger_, true)) enteredZone();
+    } else if (type == XCB_LEAVE_NOTIFY) {
+        // Into another X window, or out of all of them: to the root.
+        if (std::exchange(isInTrigger_, false) && event.detail == XCB_NOTIFY_DETAIL_NONLINEAR)
+            presence_->handOver();
+        if (!entered_) disarm();
     }
 }
 
@@ -121,10 +134,19 @@ void X11Pointer::arm() {
     // A compositor does not draw around an InputOnly window, it ignores it; and without one
     // there is no transparency, only black.
     trigger_ = x11_.compositing() ? makeTransparent(pixels) : makeInputOnly(pixels);
+    nameType();
     stack_.keep(trigger_, X11Stack::Layer::trigger);
     // Mapped under the pointer it is entered at once.
     x11_.ignoreError(xcb_map_window_checked(x11_.connection(), trigger_));
     xcb_flush(x11_.connection());
+}
+
+// Compositors give the keyboard to windows that name no type.
+void X11Pointer::nameType() const {
+    const std::uint32_t utility = x11_.atom("_NET_WM_WINDOW_TYPE_UTILITY");
+    x11_.ignoreError(xcb_change_property_checked(x11_.connection(), XCB_PROP_MODE_REPLACE, trigger_,
+                                                 x11_.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
+                                                 32, 1, &utility));
 }
 
 void X11Pointer::disarm() {

@@ -12,9 +12,10 @@ namespace noonward {
 /// The pointer of an X server. It is waited for by a window over the zone that nobody sees and that
 /// is gone as soon as the pointer is in it, so that the press goes to what lies below.
 ///
-/// A server inside a Wayland compositor knows the pointer only while it is in an X window. There
-/// the one over the zone stays until the pointer leaves it, or else nothing could tell that the
-/// pointer rests.
+/// A server inside a Wayland compositor knows the pointer only while it is in an X window, and
+/// where it was last afterwards. There the window over the zone stays until the pointer leaves it,
+/// or else nothing could tell that the pointer rests; and only motion tells that the pointer is in
+/// it.
 class X11Pointer final : public Pointer {
  public:
     X11Pointer(X11& x11, X11Stack& stack);  ///< both must outlive this object
@@ -29,6 +30,8 @@ class X11Pointer final : public Pointer {
     void disarm();
     void enteredZone();
     void watch(const xcb_generic_event_t& event, std::uint8_t type);
+    void watchInsideWayland(const xcb_enter_notify_event_t& event, std::uint8_t type);
+    void nameType() const;
     bool isKnown() const;
     std::optional<QPoint> pixel() const;
     xcb_window_t makeTransparent(const QRect& pixels);
