@@ -28,7 +28,7 @@ DESTDIR="$staging" cmake --install "$build" --prefix /usr >/dev/null
 sizes=(128 16 22 24 256 32 48 512 64)
 same "installed files" "$(
     echo bin/noonward
-    echo share/applications/noonward.desktop
+    printf 'share/applications/%s\n' com.ostrelmead.noonward.desktop noonward.desktop
     printf 'share/doc/noonward/%s\n' changelog.Debian.gz changelog.gz copyright
     for size in "${sizes[@]}"; do
         echo "share/icons/hicolor/${size}x$size/apps/noonward.png"
@@ -39,7 +39,7 @@ same "installed files" "$(
 )" "$(cd "$root" && find . -type f -printf '%P\n' | LC_ALL=C sort)"
 
 entry="$root/share/applications/noonward.desktop"
-silent desktop-file-validate "$entry"
+silent desktop-file-validate "$entry" "$root/share/applications/com.ostrelmead.noonward.desktop"
 silent mandoc -T lint -W warning "$root/share/man/man1/noonward.1.gz"
 appstreamcli validate-tree --pedantic --no-net "$root" || fail "the AppStream data"
 

@@ -8,6 +8,7 @@
 
 #include "fakes/FakeHotKeys.h"
 #include "platform/ShortcutsPortal.h"
+#include "platform/linux/PortalIdentity.h"
 #include "support/PrivateBus.h"
 #include "support/Wait.h"
 
@@ -56,6 +57,17 @@ class PortalHotKeysTest : public testing::Test {
     PortalHotKeys keys{bus, otherwise};
     int presses = 0;
 };
+
+TEST_F(PortalHotKeysTest, ComeAfterThePortalKnowsWhoAsks) {
+    const PortalIdentity identity(bus);
+    for (int portals = 0; portals < 2; ++portals) {
+        portal.await("Register");
+        EXPECT_EQ(portal.question.interface(), "org.freedesktop.host.portal.Registry");
+        EXPECT_EQ(portal.question.arguments()[0], "com.ostrelmead.noonward");
+        portal.stop();
+        portal.start();
+    }
+}
 
 TEST_F(PortalHotKeysTest, AsksForTheKeyAndHearsItsPresses) {
     EXPECT_EQ(add(), HotKeys::Outcome::registered);

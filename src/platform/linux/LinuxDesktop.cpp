@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <cstdlib>
+
 #include "platform/ClipboardPasteboard.h"
 #include "platform/EventLoopQueue.h"
 #include "platform/MainLoopTimer.h"
@@ -7,9 +9,11 @@
 #include "platform/linux/BusSession.h"
 #include "platform/linux/CanberraFeedback.h"
 #include "platform/linux/ClockWatch.h"
+#include "platform/linux/KdeHotKeys.h"
 #include "platform/linux/MessageBus.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PortalHotKeys.h"
+#include "platform/linux/PortalIdentity.h"
 #include "platform/linux/ServerEnd.h"
 #include "platform/linux/X11.h"
 #include "platform/linux/X11HotKeys.h"
@@ -27,6 +31,13 @@ namespace noonward {
 struct LinuxDesktop::Services {
     explicit Services(std::unique_ptr<X11> connection) : x11(std::move(connection)) {}
 
+    // Inside a Wayland compositor an X server hears of keys only while they go to its windows.
+    HotKeys& hotKeys() {
+        if (!x11->insideWayland()) return grabs;
+        if (KdeHotKeys::isTheirs(std::getenv("XDG_CURRENT_DESKTOP"))) return kdeKeys;
+        return portalKeys;
+    }
+
     std::unique_ptr<X11> x11;
     EventLoopQueue queue;
     MainLoopTimer timer;
@@ -38,7 +49,9 @@ struct LinuxDesktop::Services {
     X11Keyboard keyboard{*x11};
     X11HotKeys grabs{*x11};
     SessionBus bus;
-    PortalHotKeys hotKeys{bus, grabs};
+    PortalIdentity identity{bus};
+    PortalHotKeys portalKeys{bus, grabs};
+    KdeHotKeys kdeKeys{bus};
     BusSession session{bus};
     PortalAppearance appearance{bus};
     ClipboardPasteboard pasteboard;
@@ -74,7 +87,7 @@ Desktop LinuxDesktop::services() {
             .windows = s.windows,
             .presses = s.presses,
             .keyboard = s.keyboard,
-            .hotKeys = s.x11->insideWayland() ? static_cast<HotKeys&>(s.hotKeys) : s.grabs,
+            .hotKeys = s.hotKeys(),
             .session = s.session,
             .appearance = s.appearance,
             .pasteboard = s.pasteboard,
