@@ -192,7 +192,10 @@ Scheme AppDelegate::scheme() const {
 // handed to anything, however soon it follows.
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (watched == panel_.windowHandle()) {
-        if (event->type() == QEvent::MouseButtonPress) panel_.content().refresh();
+        if (event->type() == QEvent::MouseButtonPress) {
+            panel_.makeKey();
+            panel_.content().refresh();
+        }
         return event->type() == QEvent::KeyPress && keyMonitor(*event);
     }
     switch (event->type()) {
@@ -219,11 +222,15 @@ bool AppDelegate::mouseMonitor(QEvent& event) {
     switch (event.type()) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            return mouse.button() == Qt::LeftButton && grid_.press(at);
+            if (mouse.button() != Qt::LeftButton || !grid_.press(at)) return false;
+            panel_.content().setCursor(Qt::ClosedHandCursor);
+            return true;
         case QEvent::MouseMove:
             return (mouse.buttons() & Qt::LeftButton) && grid_.move(at);
         default:
-            return mouse.button() == Qt::LeftButton && grid_.release();
+            if (mouse.button() != Qt::LeftButton || !grid_.release()) return false;
+            panel_.content().pointAt(at);
+            return true;
     }
 }
 

@@ -40,11 +40,19 @@ class NoZoneChanges final : public ZoneChanges {
     Subscription subscribe(std::function<void()>) override { return {}; }
 };
 
-// The program writes no log of its own, and Qt none in its name. What Qt cannot go on after, a
-// display that cannot be opened above all, is said in one line; it is no crash.
+// The program writes no log of its own, and Qt none in its name. What Qt cannot go on after is said
+// in one line; it is no crash.
 void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtFatalMsg) return;
     std::fprintf(stderr, "noonward: %s\n", qPrintable(message.section('\n', 0, 0)));
+    std::_Exit(1);
+}
+
+// The one thing that Qt cannot go on after while it starts; it would speak of reinstalling.
+void sayThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "noonward: the X display \"%s\" cannot be opened\n",
+                 environmentVariable("DISPLAY").value_or("").c_str());
     std::_Exit(1);
 }
 
@@ -78,7 +86,9 @@ int live(char** argv) {
     LinuxDesktop::prepare();
     QApplication::setStyle(makeWidgetStyle());
     int noArguments = argv[0] ? 1 : 0;
+    qInstallMessageHandler(sayThatThereIsNoDisplay);
     const QApplication application(noArguments, argv);
+    qInstallMessageHandler(sayNothing);
     QApplication::setQuitOnLastWindowClosed(false);
     kit::installAccessibility();
     const auto linuxDesktop = LinuxDesktop::connect();

@@ -75,6 +75,8 @@ void KeyPanel::orderOut() {
     if (!isVisible()) return;
     windows_.giveKeysBack(*this);
     hide();
+    // Which control had the focus is over: the next showing begins without.
+    content_->setFocus(Qt::OtherFocusReason);
 }
 
 void KeyPanel::resizeEvent(QResizeEvent*) {

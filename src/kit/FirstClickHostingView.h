@@ -69,6 +69,9 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// The widget behind a field, or behind a button that keys press; null where there is none.
     QWidget* realField(Id id) const { return fields_.widget(id); }
 
+    /// The pointer is at a point of the view: for when others have taken its events meanwhile.
+    void pointAt(const QPointF& point) { hoverAt(point); }
+
     /// Opens a menu at a point of the screen.
     void popUp(const std::vector<MenuItem>& items, const QPoint& at);
 

@@ -34,7 +34,8 @@ class WindowSystem {
     virtual void setBlurBehind(QWidget& window, const QRegion& region) = 0;
 
     /// Sends the keyboard to the window without activating the program, and remembers who had it.
-    /// Call after showing.
+    /// Call after showing, and whenever the user turns to the window again; does nothing where it
+    /// has the keyboard.
     virtual void takeKeys(QWidget& window) = 0;
     /// Gives the keyboard back to who had it, if the window still has it; call before hiding.
     virtual void giveKeysBack(QWidget& window) = 0;

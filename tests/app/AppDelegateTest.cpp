@@ -3,6 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QWindow>
 #include <algorithm>
 #include <optional>
 #include <vector>
@@ -114,6 +119,77 @@ std::vector<KeyPanel*> panels() {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* panel = dynamic_cast<KeyPanel*>(window)) result.push_back(panel);
     return result;
+}
+
+KeyPanel* panel() {
+    for (KeyPanel* each : panels())
+        if (each->windowTitle() == "Noonward") return each;
+    return nullptr;
+}
+
+/// As the window system delivers it.
+void mouse(QEvent::Type type, QPointF at) {
+    QWindow* window = panel()->windowHandle();
+    const bool isHeld = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, window->mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      isHeld ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &event);
+}
+
+void key(const char* text) {
+    QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, text);
+    QApplication::sendEvent(panel()->windowHandle(), &event);
+}
+
+TEST(AppDelegate, APressMeetsWhatIsShownByNowAndTakesTheKeys) {
+    Running program;
+    program.desktop.appearance.setAnimations(false);
+    program.start();
+    program.ui.onSettings();
+    program.advance(1000);
+    QApplication::processEvents();
+    program.desktop.windows.keys = nullptr;  // a program that has come up meanwhile has them
+    // A name's field that is there still, over the hours that are shown next.
+    const auto fields = panel()->findChildren<QLineEdit*>();
+    ASSERT_FALSE(fields.isEmpty());
+    const QPointF at(400, fields[0]->mapTo(panel(), fields[0]->rect().center()).y());
+    program.ui.settingsShown = false;
+    mouse(QEvent::MouseButtonPress, at);
+    EXPECT_EQ(program.desktop.windows.keys, panel());
+    EXPECT_TRUE(program.planner.store.proposal());
+    EXPECT_EQ(panel()->content().cursor().shape(), Qt::ClosedHandCursor);
+    mouse(QEvent::MouseButtonRelease, at);
+    QApplication::processEvents();
+    EXPECT_EQ(panel()->content().cursor().shape(), Qt::OpenHandCursor);
+}
+
+TEST(AppDelegate, KeysAreAMenusWhileItIsOpenAndGivenBackAtTheEnd) {
+    Running program;
+    program.start();
+    program.toggle();
+    program.advance(1000);
+    EXPECT_EQ(program.desktop.windows.keys, panel());
+    {
+        QMenu menu;
+        menu.addAction("Paste");
+        menu.popup({});
+        key("s");
+        EXPECT_FALSE(program.ui.settingsShown());
+    }
+    key("s");
+    EXPECT_TRUE(program.ui.settingsShown());
+    program.ui.onQuit();
+    EXPECT_EQ(program.desktop.windows.keys, nullptr);
+}
+
+TEST(AppDelegate, FindsTheNotchWhenTheScreensHaveChanged) {
+    Running program;
+    program.start();
+    program.desktop.screens.screens = {{.frame = {0, 0, 1280, 800}}};
+    program.desktop.screens.announce();
+    program.toggle();
+    EXPECT_EQ(panel()->frame().left(), 42);
 }
 
 bool anythingMoves() {

@@ -52,6 +52,11 @@ TEST(KeyPanel, LeavesTheFocusToThoseWhoAskForIt) {
     QApplication::sendEvent(QApplication::focusWidget(), &tab);
     space();
     EXPECT_EQ(presses, 1);
+    panel.orderOut();
+    panel.orderFront();
+    panel.makeKey();
+    space();
+    EXPECT_EQ(presses, 1) << "each showing begins without the focus on anything";
 }
 
 }  // namespace

@@ -278,21 +278,6 @@ TEST(PanelWindows, WithoutScreensStayWhereTheyWere) {
     EXPECT_EQ(never.frame(), QRectF());
 }
 
-TEST(PanelWindows, ADisplayChangeClosesThePanelAndFindsTheNotch) {
-    ShellWorld world;
-    const Subscription watch = world.screens.onChange([&] {
-        world.windows.closePanel();
-        world.windows.findNotch();
-    });
-    world.open();
-    world.screens.screens = {{.frame = {0, 0, 1280, 800}}};
-    world.screens.announce();
-    world.advance(1000);
-    EXPECT_EQ(state(world), "");
-    world.open();
-    EXPECT_EQ(world.panel.frame().left(), 42);
-}
-
 TEST(PanelWindows, GoneTheyLeaveTheRestInPeace) {
     FakeMainQueue queue;
     {

@@ -36,8 +36,10 @@ class FakeWindowSystem final : public WindowSystem {
     void raise(QWidget&) override {}
     void setInputRegion(QWidget&, const QRegion&) override {}
     void setBlurBehind(QWidget&, const QRegion&) override {}
-    void takeKeys(QWidget&) override {}
-    void giveKeysBack(QWidget&) override {}
+    void takeKeys(QWidget& window) override { keys = &window; }
+    void giveKeysBack(QWidget&) override { keys = nullptr; }
+
+    QWidget* keys = nullptr;  ///< the window that has them; null: another program
 };
 
 class FakeKeyboard final : public Keyboard {

@@ -21,7 +21,7 @@ constexpr unsigned altGr = 128;
 constexpr unsigned secondLayout = 1U << 13U;
 constexpr unsigned button = 1U << 8U;
 
-// Keys by their places: 38 A, 54 C, 24 Q, 29 Y, 17 8, 35 ].
+// Keys by their places: 38 A, 54 C, 24 Q, 25 W, 29 Y, 17 8, 34 [, 35 ].
 struct Case {
     const char* layout;
     unsigned code;
@@ -52,9 +52,16 @@ TEST(X11KeyboardTest, ReadsCharactersWithoutTheCommandModifiers) {
         {"de", 24, altGr | controlBit | alt, "@"},
         {"fr", 24, controlBit, "a"},
         {"us,ru", 54, 0, "c"},
-        {"us,ru", 54, secondLayout | controlBit, "с"},
-        {"us,ru", 54, secondLayout | lock, "с"},
-        {"us,ru", 54, secondLayout | shift, "С"},
+        {"us,ru", 54, secondLayout | controlBit, "c"},  // no Latin letters: those of the first
+        {"us,ru", 54, secondLayout | lock, "c"},
+        {"us,ru", 54, secondLayout | shift, "C"},
+        {"us,ru", 34, secondLayout, "["},
+        {"us,ru", 17, secondLayout | shift, "*"},
+        {"fr,ru", 24, secondLayout, "a"},
+        {"gr,us", 54, 0, "c"},
+        {"us,il", 25, secondLayout | controlBit, "w"},
+        {"us,il", 34, secondLayout, "]"},  // its own sign
+        {"ru", 54, controlBit, "c"},       // as on a US keyboard
     };
     const auto x11 = X11::connect();
     const X11Keyboard keyboard(*x11);

@@ -13,8 +13,12 @@ namespace {
 constexpr std::uint8_t sentFlag = 0x80;  // another program sent it
 
 // When an event says that it happened; XCB_CURRENT_TIME for one that does not.
-xcb_timestamp_t timeOf(const xcb_generic_event_t& event, std::uint8_t type) {
+xcb_timestamp_t timeOf(const xcb_generic_event_t& event, std::uint8_t type, std::uint8_t input) {
     switch (type) {
+        case XCB_GE_GENERIC:  // XInput's lie alike up to the time, too
+            return as<xcb_ge_generic_event_t>(event).extension == input
+                       ? as<xcb_input_button_press_event_t>(event).time
+                       : XCB_CURRENT_TIME;
         case XCB_KEY_PRESS:
         case XCB_KEY_RELEASE:
         case XCB_BUTTON_PRESS:
@@ -62,6 +66,8 @@ X11::X11(xcb_connection_t* connection, xcb_window_t root, int screen)
     : connection_(connection),
       root_(root),
       compositorSelection_("_NET_WM_CM_S" + std::to_string(screen)) {
+    const auto* input = xcb_get_extension_data(connection_, &xcb_input_id);
+    if (input && input->present) input_ = input->major_opcode;
     watchCompositor();
     watchKeymap();
     qGuiApp->installNativeEventFilter(this);
@@ -168,7 +174,7 @@ bool X11::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     const auto type = static_cast<std::uint8_t>(event->response_type & ~sentFlag);
     const bool isSent = event->response_type != type;
-    const xcb_timestamp_t time = isSent ? XCB_CURRENT_TIME : timeOf(*event, type);
+    const xcb_timestamp_t time = isSent ? XCB_CURRENT_TIME : timeOf(*event, type, input_);
     if (time != XCB_CURRENT_TIME) lastTime_ = time;
 
     if (isKeymapChange(*event, type)) keymapChanges_.announce();

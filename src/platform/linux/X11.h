@@ -87,6 +87,7 @@ class X11 final : private QAbstractNativeEventFilter {
     xcb_timestamp_t lastTime_ = XCB_CURRENT_TIME;
     int selectionEvent_ = -1;  // the type of XFixes' notices; -1 without XFixes
     int keyboardEvent_ = -1;   // the type of XKB's; -1 without XKB
+    std::uint8_t input_ = 0;   // XInput's number; 0 without it
     const xcb_generic_event_t* current_ = nullptr;
     Announcer events_;
     Announcer compositorChanges_;

@@ -38,14 +38,16 @@ bool isRealMove(const xcb_focus_in_event_t& event) {
 
 }  // namespace
 
-X11Focus::X11Focus(X11& x11, X11PressesElsewhere& presses) : x11_(x11), presses_(presses) {}
+X11Focus::X11Focus(X11& x11, X11PressesElsewhere& presses)
+    : x11_(x11), presses_(presses), motion_(x11) {}
 
 void X11Focus::take(QWidget& window) {
     const xcb_window_t holder = focused();
-    if (!isWindow(holder) || !x11_.isOurs(holder)) before_ = holder;
-    window_ = &window;
     pressed_ = false;
     reclaimsLeft_ = mostReclaims;
+    if (window_ == &window && holder == idOf(window)) return;
+    if (!isWindow(holder) || !x11_.isOurs(holder)) before_ = holder;
+    window_ = &window;
     claimed_.start();
     pressWatch_ = presses_.onPress([this] { pressed_ = true; });
     events_ = x11_.onEvent(
@@ -62,6 +64,7 @@ void X11Focus::giveBack(QWidget& window) {
     const xcb_window_t receiver = std::exchange(before_, XCB_WINDOW_NONE);
     window_ = nullptr;
     awaitsMap_ = false;
+    motion_.stop();
     events_.reset();
     pressWatch_.reset();
     if (!hasKeys || !isWindow(receiver)) return;
@@ -75,10 +78,7 @@ void X11Focus::claim() {
     if (!window_) return;
     awaitsMap_ = false;
     claimed_.start();
-    const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
-    const Reply<xcb_query_pointer_reply_t> pointer(
-        xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));
-    if (pointer) pointer_ = {pointer->root_x, pointer->root_y};
+    motion_.watch();
     if (!set(x11_.lastTime())) return;
     // The server takes no notice of a request older than the focus itself. Ours may well be: what
     // it answers need not have come as an event.
@@ -136,11 +136,11 @@ void X11Focus::lose() {
 /// If the keys followed the pointer, which the user moved for other reasons, they are fetched; if
 /// the user pressed or chose something elsewhere, they are not.
 void X11Focus::reclaim(xcb_window_t holder) {
-    if (reclaimsLeft_ == 0) return;
+    if (reclaimsLeft_ == 0 || !motion_.hasMoved()) return;
     const auto cookie = xcb_query_pointer(x11_.connection(), x11_.root());
     const Reply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(x11_.connection(), cookie, nullptr));
-    if (!pointer || QPoint(pointer->root_x, pointer->root_y) == pointer_) return;
+    if (!pointer) return;
     const bool hasFollowed = pointer->child == XCB_WINDOW_NONE || !isWindow(holder) ||
                              topLevelOf(holder) == pointer->child;
     if (!hasFollowed) return;

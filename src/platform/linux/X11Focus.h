@@ -2,10 +2,10 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QPoint>
 #include <QPointer>
 #include <QWidget>
 
+#include "platform/linux/X11Motion.h"
 #include "platform/linux/X11PressesElsewhere.h"
 
 namespace noonward {
@@ -16,6 +16,8 @@ class X11Focus {
     /// Both must outlive this object.
     X11Focus(X11& x11, X11PressesElsewhere& presses);
 
+    /// Takes the keyboard for the window, or back for it: whoever has got it meanwhile is the one
+    /// that it is given back to.
     void take(QWidget& window);
     void giveBack(QWidget& window);
 
@@ -37,7 +39,7 @@ class X11Focus {
     bool pressed_ = false;  // elsewhere, since the keys were taken: the user has turned away
     int reclaimsLeft_ = 0;
     QElapsedTimer claimed_;
-    QPoint pointer_;  // where it was at the latest claim, in pixels
+    X11Motion motion_;  // since the latest claim
     QObject context_;
     Subscription events_;
     Subscription pressWatch_;

@@ -42,6 +42,39 @@ std::uint32_t ignoredModifiers(xkb_keymap* keymap) {
     return result;
 }
 
+bool isLatinLetter(xkb_keysym_t symbol) {
+    return (symbol >= XKB_KEY_a && symbol <= XKB_KEY_z) ||
+           (symbol >= XKB_KEY_A && symbol <= XKB_KEY_Z);
+}
+
+// The first key symbol of a key in a layout, without any modifier.
+xkb_keysym_t plainSymbol(xkb_keymap* keymap, xkb_keycode_t code, xkb_layout_index_t layout) {
+    const xkb_keysym_t* symbols = nullptr;
+    const bool known = layout < xkb_keymap_num_layouts_for_key(keymap, code) &&
+                       xkb_keymap_key_get_syms_by_level(keymap, code, layout, 0, &symbols) > 0;
+    return known ? symbols[0] : XKB_KEY_NoSymbol;
+}
+
+bool hasLatinLetters(xkb_keymap* keymap, xkb_layout_index_t layout) {
+    for (auto code = xkb_keymap_min_keycode(keymap); code <= xkb_keymap_max_keycode(keymap); ++code)
+        if (isLatinLetter(plainSymbol(keymap, code, layout))) return true;
+    return false;
+}
+
+std::string textOf(xkb_keymap* keymap, xkb_keycode_t code, std::uint32_t modifiers,
+                   xkb_layout_index_t layout) {
+    const std::unique_ptr<xkb_state, ReleaseState> state(xkb_state_new(keymap));
+    if (!state) return {};
+    xkb_state_update_mask(state.get(), modifiers & ~ignoredModifiers(keymap), 0, 0, 0, 0, layout);
+    std::array<char, 64> text{};  // longer ones are cut
+    xkb_state_key_get_utf8(state.get(), code, text.data(), text.size());
+    return text.data();
+}
+
+bool isAscii(const std::string& text) {
+    return text.size() == 1 && static_cast<unsigned char>(text[0]) < 0x80;
+}
+
 }  // namespace
 
 void X11Keyboard::Release::operator()(xkb_context* context) const {
@@ -90,14 +123,36 @@ xkb_keymap* X11Keyboard::keymap() const {
 std::string X11Keyboard::unmodified(const QKeyEvent& event) const {
     const std::uint32_t code = event.nativeScanCode();
     xkb_keymap* map = code != 0 ? keymap() : nullptr;
-    const std::unique_ptr<xkb_state, ReleaseState> state(map ? xkb_state_new(map) : nullptr);
-    if (!state) return event.text().toStdString();
-    const std::uint32_t native = event.nativeModifiers();
-    xkb_state_update_mask(state.get(), native & modifierBits & ~ignoredModifiers(map), 0, 0, 0, 0,
-                          native >> layoutShift & layoutBits);
-    std::array<char, 64> text{};  // longer ones are cut
-    xkb_state_key_get_utf8(state.get(), code, text.data(), text.size());
-    return text.data();
+    if (!map) return event.text().toStdString();
+    const std::uint32_t modifiers = event.nativeModifiers() & modifierBits;
+    const xkb_layout_index_t layout = event.nativeModifiers() >> layoutShift & layoutBits;
+    const std::string text = textOf(map, code, modifiers, layout);
+    if (text.empty() || hasLatinLetters(map, layout)) return text;
+    // Its own signs stay what they are; on the keys of letters, and where it has letters of its
+    // own, the Latin layout counts.
+    const std::string other = latin(code, modifiers);
+    const bool isLetter = other.size() == 1 && isLatinLetter(static_cast<unsigned char>(other[0]));
+    return isLetter || (!isAscii(text) && isAscii(other)) ? other : text;
+}
+
+std::string X11Keyboard::latin(std::uint32_t code, std::uint32_t modifiers) const {
+    xkb_keymap* map = keymap();
+    for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts(map); ++layout)
+        if (hasLatinLetters(map, layout)) return textOf(map, code, modifiers, layout);
+    xkb_keymap* us = usKeymap();
+    return us ? textOf(us, code, modifiers, 0) : std::string();
+}
+
+xkb_keymap* X11Keyboard::usKeymap() const {
+    if (usKeymap_) return usKeymap_.get();
+    const std::unique_ptr<xkb_context, Release> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    if (!context) return nullptr;
+    xkb_context_set_log_fn(context.get(), [](xkb_context*, xkb_log_level, const char*, va_list) {});
+    xkb_rule_names names{};
+    names.rules = "evdev";
+    names.layout = "us";
+    usKeymap_.reset(xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    return usKeymap_.get();
 }
 
 }  // namespace noonward

@@ -10,7 +10,9 @@ struct xkb_keymap;
 
 namespace noonward {
 
-/// The keyboard of an X server, read through its own keymap.
+/// The keyboard of an X server, read through its own keymap. Under a layout without Latin letters
+/// the keys that make commands are those of the keymap's first layout that has them, or else of a
+/// US keyboard.
 class X11Keyboard final : public Keyboard {
  public:
     explicit X11Keyboard(X11& x11);  ///< which must outlive this object
@@ -26,12 +28,15 @@ class X11Keyboard final : public Keyboard {
     };
 
     xkb_keymap* keymap() const;
+    xkb_keymap* usKeymap() const;
     std::string unmodified(const QKeyEvent& event) const;
+    std::string latin(std::uint32_t code, std::uint32_t modifiers) const;
 
     X11& x11_;
     // Fetched when a key is read, and again after the desktop has changed it.
     mutable std::unique_ptr<xkb_context, Release> context_;
     mutable std::unique_ptr<xkb_keymap, Release> keymap_;
+    mutable std::unique_ptr<xkb_keymap, Release> usKeymap_;
     Subscription changes_;
 };
 
