@@ -122,8 +122,7 @@ void AppDelegate::watchModel() {
     onUi([&ui] { return ui.welcomeShown(); });
     onStore([&store] { return store.config().places.size(); });
     onStore([&store] { return store.config().travel; });
-    onStore([&store] { return store.hidden(); });
-    // Whatever else makes the content larger or smaller: a proposal, notes, a longer text.
+    // Whatever else makes the content larger or smaller: a hidden row, a proposal, a longer text.
     panel_.content().onResized = layout;
 }
 

@@ -8,12 +8,10 @@ namespace {
 constexpr double usualWidth = 184;
 constexpr double leastHeight = 24;
 
-// Desktops give the strips in the screen's coordinates or in their own; where both would be
-// possible, a screen that starts at the desktop's left edge decides nothing.
+// Desktops give the strips in the screen's coordinates or in their own. Where both would be
+// possible they are the screen's.
 bool inScreenCoordinates(const QRectF& left, const QRectF& frame) {
-    if (left.left() < frame.left()) return true;
-    if (left.right() > frame.width()) return false;
-    return frame.left() != 0;
+    return left.left() < frame.left() || left.right() <= frame.width();
 }
 
 Notch between(const QRectF& left, const QRectF& right, const Screen& screen) {

@@ -67,7 +67,8 @@ void ConfigFile::save(const Config& config) {
     const auto replaceable = [this](std::string_view bytes) {
         return bytes == known_ || (taken_ && isConfiguration(bytes));
     };
-    if (inPlaceFile().write(text, replaceable)) taken_ = true;
+    if (!inPlaceFile().write(text, replaceable)) return;
+    taken_ = true;
     known_ = std::move(text);
 }
 

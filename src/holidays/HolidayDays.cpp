@@ -12,8 +12,7 @@ bool isEarlier(const HolidayDays::Entry& a, const HolidayDays::Entry& b) {
 }  // namespace
 
 HolidayDays::HolidayDays(std::vector<Entry> entries) : entries_(std::move(entries)) {
-    if (!std::is_sorted(entries_.begin(), entries_.end(), isEarlier))
-        std::stable_sort(entries_.begin(), entries_.end(), isEarlier);
+    std::stable_sort(entries_.begin(), entries_.end(), isEarlier);
     // Backwards, so that of equal days the last one stays.
     const auto sameDay = [](const Entry& a, const Entry& b) { return a.first == b.first; };
     const auto unique = std::unique(entries_.rbegin(), entries_.rend(), sameDay);

@@ -70,7 +70,7 @@ struct ColumnScore {
 }  // namespace
 
 double hoursFromWork(const WorkHours& work, double hour) {
-    if (hour == work.end || Row::inHours(work, hour)) return 0;
+    if (Row::inHours(work, hour)) return 0;
     return std::min(withinDay(work.start - hour + 24), withinDay(hour - work.end + 24));
 }
 

@@ -36,6 +36,15 @@ std::string homeLabel(const Config& config) {
     return config.places[config.homeIndex()].label;
 }
 
+// Nothing where the hours would shrink to nothing.
+std::optional<WorkHours> moved(const WorkHours& hours, bool start, double by) {
+    WorkHours result = hours;
+    double& edge = start ? result.start : result.end;
+    edge = std::min(std::max(0.0, edge + by), longestDay);
+    if (result.start == result.end) return std::nullopt;
+    return result;
+}
+
 }  // namespace
 
 bool has(const Config& config, const City& city) {
@@ -106,20 +115,18 @@ Edited toggleFavourite(Config config, int index) {
 }
 
 WorkHours nudged(const WorkHours& hours, bool start, double by) {
-    WorkHours result = hours;
-    double& edge = start ? result.start : result.end;
-    edge = std::min(std::max(0.0, edge + by), longestDay);
-    return result.start == result.end ? hours : result;
+    return moved(hours, start, by).value_or(hours);
 }
 
 Edited nudgeWork(Config config, int index, bool start, double by) {
     if (!exists(config, index)) return std::nullopt;
     Place& place = placeAt(config, index);
-    const WorkHours work = nudged(workHours(place), start, by);
-    if (work == WorkHours()) {
+    const std::optional<WorkHours> work = moved(workHours(place), start, by);
+    if (!work) return config;  // stored as it is, be that redundant or malformed
+    if (*work == WorkHours()) {
         place.work.reset();
     } else {
-        place.work = {work.start, work.end};
+        place.work = {work->start, work->end};
     }
     return config;
 }

@@ -26,6 +26,7 @@ struct Shown {
     explicit Shown(const Demonstration& demonstration)
         : world("Europe/Paris", "2026-03-18 08:30", withSanFrancisco()), store(world.services()) {
         kit::Animations animations;
+        world.cacheHolidays("FR", R"("2026-03-18":{"name":"Fête"})");
         takeSnapshots(demonstration, store, ui, world.zone,
                       {.animations = animations, .holidays = world.holidays});
     }
@@ -80,6 +81,9 @@ TEST(DemonstrationState, ChangesWhatIsShownInMemoryOnly) {
         EXPECT_EQ(config.places.size(), row.places);
         EXPECT_EQ(config.travel, row.travel);
         EXPECT_EQ(config.rolling, row.rolling);
+        // The row for where the computer is has its holidays.
+        EXPECT_EQ(shown.world.holidays.days("FR") != nullptr,
+                  row.demonstration.travel == TravelState::here);
         EXPECT_EQ(shown.world.saved().places.size(), 5U);
         EXPECT_EQ(shown.world.saved().travel, tokyo);
     }

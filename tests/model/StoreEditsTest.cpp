@@ -277,7 +277,9 @@ TEST(StoreTyping, ReadsPlacesAsTheyArePlannedWith) {
         store.startTyping(text);
         EXPECT_EQ(store.proposal(), proposal) << text;
     }
+    store.changeDay(1);
     store.setRolling(true);
+    EXPECT_EQ(store.proposal(), std::nullopt) << "back to now";
     store.startTyping("9");
     EXPECT_EQ(store.proposal(), utc("2026-01-16 00:00")) << "in the rolling strip the next nine";
     EXPECT_EQ(store.dayOffset(), 1);

@@ -230,7 +230,9 @@ TEST(Store, MovesTheShownDayAndTheProposalWithIt) {
     store.changeDay(least);
     EXPECT_EQ(store.dayOffset(), least);
     store.timeQuery = "9am";
+    store.hoverCol = 3;
     store.backToNow();
+    EXPECT_EQ(store.hoverCol(), std::nullopt);
     EXPECT_EQ(store.dayOffset(), 0);
     EXPECT_EQ(store.proposal(), std::nullopt);
     EXPECT_EQ(store.timeQuery(), std::nullopt);
@@ -324,7 +326,12 @@ TEST(Store, KeepsAProposalInTheStrip) {
     EXPECT_EQ(store.proposal(), utc("2026-01-15 09:05")) << "from the start of the current hour";
     EXPECT_EQ(store.hoverCol(), std::nullopt);
     EXPECT_EQ(store.focus(), utc("2026-01-15 09:05"));
-    store.step(-60);
+    store.hoverCol = 3;
+    EXPECT_EQ(store.selectedCol(), 3) << "the pointer goes before the proposal";
+    EXPECT_EQ(store.focus(), utc("2026-01-15 09:05")) << "but what is described is proposed";
+    store.propose(9);
+    EXPECT_EQ(store.hoverCol(), std::nullopt);
+    store.step(-55);
     EXPECT_EQ(store.proposal(), utc("2026-01-15 08:05"));
     store.step(most);
     EXPECT_EQ(store.proposal(), utc("2026-01-15 23:00"));

@@ -140,6 +140,9 @@ TEST(Texts, ListEveryRow) {
     EXPECT_EQ(emailText({utc("2025-03-04 23:30"), 60}, one, h24),
               "Proposed time (1 hour):\nLondon: 23:30–00:30 GMT, Tue 4 Mar")
         << "the date is that of the start";
+    EXPECT_EQ(emailText({utc("2025-03-30 00:30"), 60}, one, h24),
+              "Proposed time (1 hour):\nLondon: 00:30–02:30 GMT, Sun 30 Mar")
+        << "and so is the abbreviation";
 }
 
 TEST(HourFormats, AreReadByTheirRawTexts) {

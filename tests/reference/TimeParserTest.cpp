@@ -241,6 +241,9 @@ TEST(TimeParser, StaysWithinTheShownDay) {
     context.rolling = true;
     EXPECT_EQ(parsed("11pm", context), "Sun 2026-03-29 22:00:00") << "another day is shown";
 
+    context.now = utc("2026-03-28 23:30");
+    EXPECT_EQ(parsed("9am sunday", context), "Sun 2026-03-29 08:00:00") << "a day is no 24 hours";
+
     // They go back on this one, and its 25th hour is not shown.
     context.dayStart = utc("2026-10-24 23:00");
     EXPECT_EQ(parsed("1:30am", context), "Sun 2026-10-25 00:30:00") << "the first of two";
