@@ -35,6 +35,18 @@ QMargins shadowRoom() {
     return {qCeil(reach.left()), 0, qCeil(reach.right()), qCeil(reach.below())};
 }
 
+Backing backingFor(WindowSystem::Translucency translucency) {
+    switch (translucency) {
+        case WindowSystem::Translucency::none:
+            return Backing::square;
+        case WindowSystem::Translucency::clear:
+            return Backing::clear;
+        case WindowSystem::Translucency::blurred:
+            return Backing::frosted;
+    }
+    return Backing::square;
+}
+
 }  // namespace
 
 AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& desktop)
@@ -60,8 +72,8 @@ AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& de
               .shadow = shadowRoom(),
               .blurred = panelOutline,
               .onShow =
-                  [this](bool compositing) {
-                      backing_ = compositing ? Backing::frosted : Backing::square;
+                  [this](WindowSystem::Translucency translucency) {
+                      backing_ = backingFor(translucency);
                       panel_.content().invalidate();
                   }}),
       windows_({cap_, panel_, store_, ui_, animations_, desktop.queue, desktop.screens,

@@ -37,10 +37,11 @@ void KeyPanel::place() {
 }
 
 void KeyPanel::orderFront() {
-    compositing_ = windows_.compositing();
+    const WindowSystem::Translucency translucency = windows_.translucency();
+    compositing_ = translucency != WindowSystem::Translucency::none;
     margins_ = compositing_ ? options_.shadow : QMargins();
     content_->setMargins(margins_);
-    options_.onShow(compositing_);
+    options_.onShow(translucency);
     place();
     show();
     windows_.raise(*this);

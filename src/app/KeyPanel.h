@@ -23,8 +23,8 @@ class KeyPanel final : public QWidget, public Window {
         bool outlined = false;
         /// Where what lies behind it is blurred, where the desktop can; null without that.
         std::function<QPainterPath(const QRectF& frame)> blurred;
-        /// Told before each showing whether the window can be translucent.
-        std::function<void(bool compositing)> onShow = [](bool) {};
+        /// Told before each showing what can be seen through the window.
+        std::function<void(WindowSystem::Translucency)> onShow = [](auto) {};
     };
 
     KeyPanel(WindowSystem& windows, std::unique_ptr<kit::FirstClickHostingView> content,
@@ -54,7 +54,7 @@ class KeyPanel final : public QWidget, public Window {
     QRectF frame_;
     QMargins margins_;
     QRegion blurred_;
-    bool compositing_ = false;
+    bool compositing_ = false;  // what is behind it can be seen
 };
 
 }  // namespace noonward

@@ -13,10 +13,17 @@ class WindowSystem {
  public:
     enum class Level { panel, cap };  ///< from back to front
 
+    /// What a window lets be seen of what lies behind it.
+    enum class Translucency {
+        none,
+        clear,   ///< as it is
+        blurred  ///< blurred, where that is asked for
+    };
+
     virtual ~WindowSystem() = default;
 
-    /// Whether windows can be translucent at this moment.
-    virtual bool compositing() const = 0;
+    /// What windows can be at this moment.
+    virtual Translucency translucency() const = 0;
 
     /// Makes the widget a translucent window that no window manager touches, seen on every
     /// workspace and kept above other programs' windows and in order of the levels. Comes before

@@ -17,7 +17,7 @@ namespace {
 // A desktop that lets every window have the keys.
 class WillingWindows final : public WindowSystem {
  public:
-    bool compositing() const override { return true; }
+    Translucency translucency() const override { return Translucency::clear; }
     void adopt(QWidget& window, Level) override { window.winId(); }
     void raise(QWidget&) override {}
     void setInputRegion(QWidget&, const QRegion&) override {}

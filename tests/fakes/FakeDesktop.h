@@ -28,7 +28,7 @@ namespace noonward::test {
 /// Windows that nobody arranges, all translucent.
 class FakeWindowSystem final : public WindowSystem {
  public:
-    bool compositing() const override { return true; }
+    Translucency translucency() const override { return Translucency::clear; }
     void adopt(QWidget& window, Level) override {
         window.setWindowFlags(Qt::FramelessWindowHint | Qt::Tool);
         window.winId();

@@ -141,6 +141,23 @@ TEST_F(X11WindowSystemTest, LetsPressesThroughOutsideTheInputRegion) {
     }
 }
 
+TEST_F(X11WindowSystemTest, KnowsWhatCanBeSeenThroughAWindow) {
+    using Translucency = WindowSystem::Translucency;
+    EXPECT_EQ(windows.translucency(), Translucency::none);
+    const xcb_window_t compositor = other.show({0, 0, 1, 1});
+    xcb_set_selection_owner(other.connection(), compositor, x11->atom("_NET_WM_CM_S0"),
+                            XCB_CURRENT_TIME);
+    other.sync();
+    EXPECT_EQ(windows.translucency(), Translucency::clear);
+    const xcb_atom_t blur = x11->atom("_KDE_NET_WM_BLUR_BEHIND_REGION");
+    xcb_change_property(other.connection(), XCB_PROP_MODE_REPLACE, other.root(), blur, blur, 32, 0,
+                        nullptr);
+    other.sync();
+    EXPECT_EQ(windows.translucency(), Translucency::blurred);
+    xcb_delete_property(other.connection(), other.root(), blur);
+    other.sync();
+}
+
 TEST_F(X11WindowSystemTest, AsksForBlurInDevicePixels) {
     const auto property = [this] {
         const auto cookie =

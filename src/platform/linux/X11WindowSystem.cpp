@@ -3,10 +3,13 @@
 #include <xcb/shape.h>
 
 #include <QWidget>
+#include <algorithm>
 #include <vector>
 
 namespace noonward {
 namespace {
+
+constexpr const char* blurProperty = "_KDE_NET_WM_BLUR_BEHIND_REGION";
 
 xcb_window_t idOf(const QWidget& window) {
     return static_cast<xcb_window_t>(window.internalWinId());
@@ -28,8 +31,16 @@ std::vector<QRect> inPixels(const QWidget& window, const QRegion& region) {
 X11WindowSystem::X11WindowSystem(X11& x11, X11Stack& stack, X11PressesElsewhere& presses)
     : x11_(x11), stack_(stack), focus_(x11, presses) {}
 
-bool X11WindowSystem::compositing() const {
-    return x11_.compositing();
+// KWin lists the property of its blur effect among the root's own while the effect is switched on.
+X11WindowSystem::Translucency X11WindowSystem::translucency() const {
+    if (!x11_.compositing()) return Translucency::none;
+    const Reply<xcb_list_properties_reply_t> listed(xcb_list_properties_reply(
+        x11_.connection(), xcb_list_properties(x11_.connection(), x11_.root()), nullptr));
+    if (!listed) return Translucency::clear;
+    const xcb_atom_t* atoms = xcb_list_properties_atoms(listed.get());
+    const xcb_atom_t* end = atoms + xcb_list_properties_atoms_length(listed.get());
+    return std::find(atoms, end, x11_.atom(blurProperty)) == end ? Translucency::clear
+                                                                 : Translucency::blurred;
 }
 
 void X11WindowSystem::adopt(QWidget& window, Level level) {
@@ -59,7 +70,7 @@ void X11WindowSystem::setInputRegion(QWidget& window, const QRegion& region) {
 
 // KWin's property: the rectangles one after the other. An empty one would mean the whole window.
 void X11WindowSystem::setBlurBehind(QWidget& window, const QRegion& region) {
-    const xcb_atom_t property = x11_.atom("_KDE_NET_WM_BLUR_BEHIND_REGION");
+    const xcb_atom_t property = x11_.atom(blurProperty);
     std::vector<std::uint32_t> numbers;
     for (const QRect& rect : inPixels(window, region))
         for (const int number : {rect.x(), rect.y(), rect.width(), rect.height()})

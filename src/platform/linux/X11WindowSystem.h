@@ -13,7 +13,7 @@ class X11WindowSystem final : public WindowSystem {
     /// All must outlive this object.
     X11WindowSystem(X11& x11, X11Stack& stack, X11PressesElsewhere& presses);
 
-    bool compositing() const override;
+    Translucency translucency() const override;
     void adopt(QWidget& window, Level level) override;
     void raise(QWidget& window) override;
     void setInputRegion(QWidget& window, const QRegion& region) override;

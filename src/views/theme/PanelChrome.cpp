@@ -23,12 +23,16 @@ View brandStripe() {
     return hstack({.spacing = 0}, colours).frame({.height = stripeHeight});
 }
 
+// Letters behind the window must not be read through those in it.
+constexpr double clearOpacity = 0.96;
+
 // The desktop blurs what is behind the window where it can; here only the tint is laid over it.
 Colour backdrop(const PanelChromeSpec& options) {
     const Palette& palette = options.palette;
-    return options.solid || options.backing != Backing::frosted
-               ? palette.tint
-               : palette.tint.opacity(palette.tintOpacity);
+    if (options.solid) return palette.tint;
+    if (options.backing == Backing::clear) return palette.tint.opacity(clearOpacity);
+    return options.backing == Backing::frosted ? palette.tint.opacity(palette.tintOpacity)
+                                               : palette.tint;
 }
 
 CornerRadii corners(const PanelChromeSpec& options) {
@@ -53,7 +57,8 @@ const DropShadow& panelShadow() {
 
 View panelChrome(const PanelChromeSpec& options, View content) {
     const Shape outline = roundedRectangle(corners(options));
-    const bool castsShadow = !options.solid && options.backing == Backing::frosted;
+    const bool castsShadow = !options.solid && (options.backing == Backing::clear ||
+                                                options.backing == Backing::frosted);
 
     return vstack({.align = Horizontal::leading, .spacing = 0},
                   {

@@ -10,6 +10,7 @@ namespace noonward {
 enum class Backing {
     opaque,  ///< the plain tint: pictures
     square,  ///< the plain tint up to the corners: windows that cannot be translucent
+    clear,   ///< nearly the plain tint: what is behind the window is seen sharp; casts a shadow
     frosted  ///< the tint over what the desktop shows, blurred, behind the window; casts a shadow
 };
 
@@ -19,10 +20,10 @@ struct PanelChromeSpec {
     Backing backing = Backing::opaque;
 };
 
-/// The outline of a frosted panel in its frame.
+/// The outline of a panel that casts a shadow, in its frame.
 QPainterPath panelOutline(const QRectF& frame);
 
-/// What a frosted panel casts.
+/// What it casts.
 const kit::DropShadow& panelShadow();
 
 /// The frame of every panel around its content, exactly as large as that asks for: brand stripe,
