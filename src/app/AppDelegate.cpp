@@ -35,6 +35,13 @@ QMargins shadowRoom() {
     return {qCeil(reach.left()), 0, qCeil(reach.right()), qCeil(reach.below())};
 }
 
+// The opened notch is centred on its window, and for a moment wider.
+QMargins overshootRoom() {
+    const int beside =
+        qCeil(PanelWindows::opening().overshoot() * (NotchUI::ear + NotchUI::shoulder));
+    return {beside, 0, beside, 0};
+}
+
 Backing backingFor(WindowSystem::Translucency translucency) {
     switch (translucency) {
         case WindowSystem::Translucency::none:
@@ -64,6 +71,7 @@ AppDelegate::AppDelegate(Planner& planner, Geocoder& geocoder, const Desktop& de
       cap_(desktop.windows, hosting(animations_, [this] { return notchView_.body(); }),
            {.level = WindowSystem::Level::cap,
             .title = QStringLiteral("Noonward at the notch"),
+            .room = overshootRoom(),
             .outlined = true}),
       panel_(desktop.windows,
              hosting(animations_, [this] { return panelHost_.body(scheme(), backing_); }),

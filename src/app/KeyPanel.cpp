@@ -39,7 +39,7 @@ void KeyPanel::place() {
 void KeyPanel::orderFront() {
     const WindowSystem::Translucency translucency = windows_.translucency();
     compositing_ = translucency != WindowSystem::Translucency::none;
-    margins_ = compositing_ ? options_.shadow : QMargins();
+    margins_ = options_.room + (compositing_ ? options_.shadow : QMargins());
     content_->setMargins(margins_);
     options_.onShow(translucency);
     place();

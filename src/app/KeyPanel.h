@@ -18,7 +18,8 @@ class KeyPanel final : public QWidget, public Window {
     struct Options {
         WindowSystem::Level level = WindowSystem::Level::panel;
         QString title;
-        QMargins shadow;  ///< room that the content paints its shadow into, points
+        QMargins room;    ///< that the content sometimes paints into, points
+        QMargins shadow;  ///< that it paints its shadow into, where the desktop can, points
         /// Without translucency the window takes the outline of what it shows, not its square.
         bool outlined = false;
         /// Where what lies behind it is blurred, where the desktop can; null without that.

@@ -26,6 +26,10 @@ constexpr double clickVolume = 0.25;
 
 PanelWindows::PanelWindows(const Services& services) : services_(services) {}
 
+kit::Curve PanelWindows::opening() {
+    return kit::spring(0.3, 0.58);
+}
+
 // ---- steps that may be overtaken ----
 
 // A step of a course does nothing once the course has turned.
@@ -83,8 +87,7 @@ void PanelWindows::openOut() {
         // The first sound finds its way to the sound card first: the picture goes before it.
         services_.queue.post(lifetime_.weakly([this] { services_.feedback.click(clickVolume); }));
     }
-    services_.animations.withAnimation(kit::spring(0.3, 0.58),
-                                       [this] { services_.ui.expanded = true; });
+    services_.animations.withAnimation(opening(), [this] { services_.ui.expanded = true; });
     later(90ms, notchCourse_, [this] {
         services_.animations.withAnimation(kit::spring(0.26, 0.5),
                                            [this] { services_.ui.showTimes = true; });

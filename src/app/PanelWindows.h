@@ -10,7 +10,8 @@
 
 namespace kit {
 class Animations;
-}
+class Curve;
+}  // namespace kit
 
 namespace noonward {
 
@@ -40,6 +41,9 @@ class PanelWindows {
     };
 
     enum class Content { asItIs, settings };
+
+    /// How the notch opens out: a little too far at first.
+    static kit::Curve opening();
 
     /// The services must outlive it. Shows nothing yet, and knows no notch before `findNotch`.
     explicit PanelWindows(const Services& services);

@@ -50,6 +50,12 @@ double Curve::progress(double seconds) const {
                                  : easeInProgress(seconds / time_);
 }
 
+// Half an oscillation after the start.
+double Curve::overshoot() const {
+    if (kind_ == Kind::easeIn || damping_ >= 1) return 0;
+    return std::exp(-damping_ * std::numbers::pi / std::sqrt(1 - damping_ * damping_));
+}
+
 double Curve::length() const {
     if (kind_ == Kind::easeIn) return time_;
     // The envelope of the critically damped spring falls more slowly by its linear factor.

@@ -17,6 +17,8 @@ class Curve {
     static Curve easeIn(double duration);
 
     double progress(double seconds) const;
+    /// How far beyond 1 it goes at most.
+    double overshoot() const;
     /// Seconds after which nothing of it can be seen any more.
     double length() const;
 

@@ -142,7 +142,8 @@ void FirstClickHostingView::tellRebuilt() {
 }
 
 QImage FirstClickHostingView::picture(double pixelsPerPoint) {
-    return paintOffScreen(*painted_, pixelsPerPoint, tiles_);
+    const QRectF whole = painted_->rect.marginsAdded(QMarginsF(margins_));
+    return paintOffScreen(*painted_, whole, pixelsPerPoint, tiles_);
 }
 
 void FirstClickHostingView::paintEvent(QPaintEvent* event) {

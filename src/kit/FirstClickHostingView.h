@@ -60,7 +60,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     std::function<void()> onFrame;
     /// Whether anything is gliding.
     bool moving() const { return presentation_.moving(); }
-    /// What is to be seen at the moment, as a picture.
+    /// What is to be seen at the moment, as a picture as large as the widget, margins included.
     QImage picture(double pixelsPerPoint);
 
     /// Called when the ideal size has changed.

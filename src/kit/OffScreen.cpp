@@ -7,15 +7,20 @@
 namespace kit {
 
 QImage paintOffScreen(const Placed& root, double scale, Tiles& tiles) {
-    const QSize pixels(static_cast<int>(std::ceil(root.rect.width() * scale)),
-                       static_cast<int>(std::ceil(root.rect.height() * scale)));
+    return paintOffScreen(root, root.rect, scale, tiles);
+}
+
+QImage paintOffScreen(const Placed& root, const QRectF& part, double scale, Tiles& tiles) {
+    const QSize pixels(static_cast<int>(std::ceil(part.width() * scale)),
+                       static_cast<int>(std::ceil(part.height() * scale)));
     if (pixels.isEmpty()) return {};
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.scale(scale, scale);
-    Painting painting(painter, tiles, root.rect);
+    painter.translate(-part.topLeft());
+    Painting painting(painter, tiles, part);
     painting.paint(root);
     return image;
 }

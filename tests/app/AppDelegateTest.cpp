@@ -183,6 +183,19 @@ TEST(AppDelegate, KeysAreAMenusWhileItIsOpenAndGivenBackAtTheEnd) {
     EXPECT_EQ(program.desktop.windows.keys, nullptr);
 }
 
+TEST(AppDelegate, TheNotchHasRoomToSwingBeyondItsFrame) {
+    Running program;
+    program.start();
+    program.ui.onTap();
+    program.advance(1000);
+    for (KeyPanel* each : panels()) {
+        if (each == panel()) continue;
+        EXPECT_EQ(each->frame().width(), program.ui.windowWidth());
+        EXPECT_EQ(each->geometry().width(), program.ui.windowWidth() + 2 * 11);  // 10.7 % of 99
+        EXPECT_EQ(each->geometry().center().x(), 959);
+    }
+}
+
 TEST(AppDelegate, FindsTheNotchWhenTheScreensHaveChanged) {
     Running program;
     program.start();

@@ -67,6 +67,10 @@ TEST(Curve, RunsFromRestToItsEnd) {
     for (const Case& c : cases) {
         EXPECT_NEAR(c.curve.progress(c.at), c.expected, 5e-4) << c.name;
         EXPECT_NEAR(c.curve.progress(1e-6), 0, 1e-4) << c.name << ": starts at rest";
+        double most = 1;
+        for (int step = 0; step < 1000; ++step)
+            most = std::max(most, c.curve.progress(step / 1000.0));
+        EXPECT_NEAR(c.curve.overshoot(), most - 1, 1e-3) << c.name;
         EXPECT_NEAR(c.curve.progress(c.curve.length() - 1e-9), 1, 2e-3) << c.name << ": no jump";
     }
 }
