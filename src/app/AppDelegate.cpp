@@ -241,7 +241,9 @@ bool AppDelegate::mouseMonitor(QEvent& event) {
     switch (event.type()) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            if (mouse.button() != Qt::LeftButton || !grid_.press(at)) return false;
+            // What can be pressed by itself is, wherever it lies.
+            if (mouse.button() != Qt::LeftButton || panel_.content().hasControlAt(at)) return false;
+            if (!grid_.press(at)) return false;
             panel_.content().setCursor(Qt::ClosedHandCursor);
             return true;
         case QEvent::MouseMove:

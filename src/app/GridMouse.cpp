@@ -7,6 +7,7 @@
 #include "model/Store.h"
 #include "views/NotchUI.h"
 #include "views/theme/Metrics.h"
+#include "views/theme/PanelChrome.h"
 
 namespace noonward {
 namespace {
@@ -29,9 +30,10 @@ bool GridMouse::onGrid(const QPointF& at) const {
     std::vector<bool> hidden;
     for (const Row& row : store_.rows())
         hidden.push_back(store_.isHidden(row));
-    const double bottom = Metrics::top + Metrics::rowsHeight(hidden) + spaceBelow;
+    const double top = stripeHeight + Metrics::top;
+    const double bottom = top + Metrics::rowsHeight(hidden) + spaceBelow;
     return at.x() >= Metrics::gridX && at.x() < Metrics::gridX + Metrics::gridWidth &&
-           at.y() >= Metrics::top - spaceAbove && at.y() <= bottom;
+           at.y() >= top - spaceAbove && at.y() <= bottom;
 }
 
 bool GridMouse::onProposal(const QPointF& at) const {

@@ -6,6 +6,7 @@
 
 #include "app/Render.h"
 #include "base/Unicode.h"
+#include "kit/Scrolling.h"
 #include "kit/Shapes.h"
 #include "views/notch/NotchView.h"
 #include "views/ribbon/RibbonPanel.h"
@@ -98,6 +99,9 @@ void takeSnapshots(const Demonstration& demonstration, Store& store, NotchUI& ui
     if (demonstration.settings) {
         const SettingsView settings(store, ui, services,
                                     {.query = demonstration.query, .editing = demonstration.edit});
+        // As in its window, what is open is scrolled into sight.
+        std::set<kit::Id> shown;
+        kit::showAppeared(kit::layOut(settings.body(scheme), rootEnvironment()), shown);
         write(*demonstration.settings, onColour(Palette::of(scheme).tint, settings.body(scheme)));
     }
     if (demonstration.welcome) {

@@ -214,6 +214,23 @@ bool startsUppercase(std::string_view text) {
     return !text.empty() && u_isUUppercase(firstCodePoint(text)) != 0;
 }
 
+std::string isolated(std::string_view name) {
+    if (isAscii(name)) return std::string(name);
+    icu::UnicodeString plain = icu::UnicodeString::fromUTF8(piece(name));
+    bool turns = false;
+    for (std::int32_t i = plain.length() - 1; i >= 0; --i) {
+        const UChar32 c = plain.char32At(i);
+        const bool embeds = c >= 0x202A && c <= 0x202E;
+        const bool isolates = c >= 0x2066 && c <= 0x2069;
+        if (embeds || isolates) plain.remove(i, 1);
+        const UCharDirection direction = u_charDirection(c);
+        turns |= direction == U_RIGHT_TO_LEFT || direction == U_RIGHT_TO_LEFT_ARABIC;
+    }
+    std::string text;
+    plain.toUTF8String(text);
+    return turns ? "\u2068" + text + "\u2069" : text;
+}
+
 bool isNumeral(std::string_view text) {
     return !text.empty() && firstCharacters(text, 1).size() == text.size() &&
            u_getIntPropertyValue(firstCodePoint(text), UCHAR_NUMERIC_TYPE) != U_NT_NONE;

@@ -40,6 +40,11 @@ std::string_view firstCharacters(std::string_view text, std::size_t count);
 /// Whether the first character has the Uppercase property; false for empty text.
 bool startsUppercase(std::string_view text);
 
+/// A name as it is painted within a line of other words: one with letters that are written from
+/// right to left is isolated (UAX #9, FSI … PDI), so that it turns nothing around it. Controls of
+/// direction in the name itself are left out. Never for what is stored or copied.
+std::string isolated(std::string_view name);
+
 /// Whether the text is exactly one character as a reader sees it, one with a numeric value
 /// (property Numeric_Type, UAX #44): "7", "½", "४".
 bool isNumeral(std::string_view text);

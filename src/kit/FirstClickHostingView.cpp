@@ -9,6 +9,7 @@
 #include "kit/Damage.h"
 #include "kit/OffScreen.h"
 #include "kit/Painting.h"
+#include "kit/Scrolling.h"
 
 namespace kit {
 namespace {
@@ -89,8 +90,8 @@ void FirstClickHostingView::takeUp(const std::optional<Curve>& curve) {
     present();
     if (onResized && presentation_.target().rect.size() != before) onResized();
     tellRebuilt();
-    forgetLostPositions();
-    showAppeared();
+    forgetLostPositions(presentation_.target());
+    showAppeared(presentation_.target(), revealed_);
     // What lies under a resting pointer may be something else now.
     if (pointer_) hoverAt(pointer_);
 }

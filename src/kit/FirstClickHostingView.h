@@ -69,6 +69,9 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     /// The widget behind a field, or behind a button that keys press; null where there is none.
     QWidget* realField(Id id) const { return fields_.widget(id); }
 
+    /// Whether a control is to be seen at a point of the view.
+    bool hasControlAt(const QPointF& point);
+
     /// The pointer is at a point of the view: for when others have taken its events meanwhile.
     void pointAt(const QPointF& point) { hoverAt(point); }
 
@@ -91,7 +94,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     void hideEvent(QHideEvent* event) override;
 
  private:
-    using Hover = std::function<void(std::optional<QPointF>)>;
+    using OnHover = std::function<void(std::optional<Hover>)>;
 
     void settle(const std::optional<Curve>& curve) override;
     void takeUp(const std::optional<Curve>& curve);
@@ -100,8 +103,6 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     QPoint origin() const { return {margins_.left(), margins_.top()}; }
     double seconds() const;
     void showFocusedField();
-    void forgetLostPositions();
-    void showAppeared();
     void hoverAt(const std::optional<QPointF>& point);
     void attend();
     void showCursor();
@@ -123,7 +124,7 @@ class FirstClickHostingView : public QWidget, private Animations::Member {
     Attention attention_;
     std::optional<QPointF> pointer_;
     std::optional<Id> focusedField_;
-    std::map<Id, Hover> hovered_;
+    std::map<Id, OnHover> hovered_;
     std::set<Id> revealed_;
 };
 

@@ -9,6 +9,7 @@
 
 #include "kit/FirstClickHostingView.h"
 #include "kit/Node.h"
+#include "kit/Scrolling.h"
 
 // What the user does with the pointer, as far as a hosting view hands it to what it shows.
 
@@ -66,48 +67,6 @@ Qt::CursorShape shapeOf(std::optional<Cursor> cursor) {
             return Qt::OpenHandCursor;
     }
     return Qt::ArrowCursor;
-}
-
-// Where a scrolled view is now, and how far it can go, in points.
-double position(const Placed& scrolled) {
-    return scrolled.rect.top() - scrolled.children.front().rect.top();
-}
-double mostPosition(const Placed& scrolled) {
-    return std::max(0.0, scrolled.children.front().rect.height() - scrolled.rect.height());
-}
-
-void scrollTo(const Placed& scrolled, double wanted) {
-    const double target = std::clamp(wanted, 0.0, mostPosition(scrolled));
-    if (target == position(scrolled)) return;
-    const auto scroll = scrolled.node->interaction()->scrollTo;
-    scroll(target);
-}
-
-bool scrolls(const Placed& placed) {
-    const Interaction* interaction = placed.node->interaction();
-    return interaction && interaction->scrollTo;
-}
-
-// The nodes from the root down to the one of that identity; empty without it.
-std::vector<const Placed*> pathTo(const Placed& root, Id id) {
-    if (root.id == id) return {&root};
-    for (const Placed& child : root.children) {
-        std::vector<const Placed*> path = pathTo(child, id);
-        if (path.empty()) continue;
-        path.insert(path.begin(), &root);
-        return path;
-    }
-    return {};
-}
-
-// Where not all of it can be seen, its beginning is.
-void scrollIntoSight(const std::vector<const Placed*>& path, const QRectF& rect) {
-    for (const Placed* outer : path) {
-        if (!scrolls(*outer)) continue;
-        const double down = std::max(0.0, rect.bottom() - outer->rect.bottom());
-        const double most = rect.top() - outer->rect.top();  // that keeps its top in sight
-        scrollTo(*outer, position(*outer) + std::min(down, most));
-    }
 }
 
 // Names are the user's: none is to be taken for markup.
@@ -181,7 +140,7 @@ void FirstClickHostingView::wheelEvent(QWheelEvent* event) {
     constexpr double pointsPerUnit = 48.0 / 120;
     const double by = event->pixelDelta().isNull() ? event->angleDelta().y() * pointsPerUnit
                                                    : event->pixelDelta().y();
-    scrollTo(*path.back(), position(*path.back()) - by);
+    scrollBy(*path.back(), -by);
 }
 
 // A field that the focus has come to is scrolled into sight.
@@ -189,37 +148,7 @@ void FirstClickHostingView::showFocusedField() {
     const std::optional<Id> focused = fields_.focused();
     if (focused == std::exchange(focusedField_, focused)) return;
     update();  // which field shows itself
-    if (!focused) return;
-    const auto path = pathTo(presentation_.target(), *focused);
-    if (!path.empty()) scrollIntoSight(path, path.back()->rect);
-}
-
-// A position that there is no room for any more must not come back when the content grows.
-void FirstClickHostingView::forgetLostPositions() {
-    walk(presentation_.target(), [](const Placed& placed) {
-        if (!scrolls(placed)) return;
-        const double most = mostPosition(placed);
-        if (placed.node->interaction()->scrolled <= most) return;
-        const auto scroll = placed.node->interaction()->scrollTo;
-        scroll(most);
-    });
-}
-
-// What has appeared together is shown together.
-void FirstClickHostingView::showAppeared() {
-    std::set<Id> now;
-    std::optional<Id> first;
-    QRectF appeared;
-    walk(presentation_.target(), [&](const Placed& placed) {
-        const Interaction* interaction = placed.node->interaction();
-        if (!interaction || !interaction->revealed) return;
-        now.insert(placed.id);
-        if (revealed_.contains(placed.id)) return;
-        if (!first) first = placed.id;
-        appeared |= placed.rect;
-    });
-    revealed_ = std::move(now);
-    if (first) scrollIntoSight(pathTo(presentation_.target(), *first), appeared);
+    if (focused) scrollIntoSight(presentation_.target(), *focused);
 }
 
 // At once: nothing is built anew for it.
@@ -253,21 +182,27 @@ void FirstClickHostingView::hoverAt(const std::optional<QPointF>& point) {
     pointer_ = point;
     attend();
     showCursor();
-    std::map<Id, Hover> now;
-    std::vector<std::pair<Hover, QPointF>> calls;
+    std::map<Id, OnHover> now;
+    std::vector<std::pair<OnHover, Hover>> calls;
     if (point) {
+        const bool onControl = !hit(presentation_.target(), *point, isControl).empty();
         for (const Placed* placed : hit(presentation_.target(), *point, takesHover)) {
             if (!takesHover(*placed)) continue;
             now.emplace(placed->id, placed->node->interaction()->hover);
-            calls.emplace_back(placed->node->interaction()->hover, *point - placed->rect.topLeft());
+            calls.emplace_back(placed->node->interaction()->hover,
+                               Hover{*point - placed->rect.topLeft(), onControl});
         }
     }
-    const std::map<Id, Hover> before = std::exchange(hovered_, now);
+    const std::map<Id, OnHover> before = std::exchange(hovered_, now);
     for (const auto& [id, left] : before) {
         if (!now.contains(id)) left(std::nullopt);
     }
-    for (const auto& [hover, at] : calls)
-        hover(at);
+    for (const auto& [tell, hover] : calls)
+        tell(hover);
+}
+
+bool FirstClickHostingView::hasControlAt(const QPointF& point) {
+    return !hit(placed(), point, isControl).empty();
 }
 
 // Qt would let it stand for another moment: over a window that is gone.

@@ -119,7 +119,7 @@ View View::fieldBox() const {
     return interactive(*this, "field box", std::move(interaction));
 }
 
-View View::onHover(std::function<void(std::optional<QPointF>)> hover) const {
+View View::onHover(std::function<void(std::optional<Hover>)> hover) const {
     Interaction interaction;
     interaction.hover = std::move(hover);
     return interactive(*this, "hover", std::move(interaction));

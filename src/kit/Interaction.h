@@ -29,6 +29,12 @@ enum class Cursor {
     grab   ///< what can be dragged
 };
 
+/// Where the pointer is over a view.
+struct Hover {
+    QPointF at;              ///< in the view's own coordinates, points
+    bool onControl = false;  ///< a control of its own lies there
+};
+
 /// What a view answers to. Each modifier sets one of these.
 struct Interaction {
     std::function<void()> press;  ///< a button, or a tap
@@ -40,8 +46,8 @@ struct Interaction {
     bool oneOfSeveral = false;    ///< of which choosing one gives up the others
     bool enabled = true;          ///< otherwise a press does nothing
     std::string tooltip;
-    /// Where the pointer is, in the view's own coordinates, in points; nothing once it has left.
-    std::function<void(std::optional<QPointF>)> hover;
+    /// Where the pointer is; nothing once it has left.
+    std::function<void(std::optional<Hover>)> hover;
     std::vector<MenuItem> menu;  ///< of a secondary click
     /// Asks for another position of what can be scrolled, in points from its top.
     std::function<void(double position)> scrollTo;

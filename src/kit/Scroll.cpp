@@ -8,8 +8,6 @@
 namespace kit {
 namespace {
 
-constexpr double fadeHeight = 18;  // points, at an edge that cuts something off
-
 class ScrollNode final : public Wrapper {
  public:
     ScrollNode(View content, double position, std::function<void(double)> scrolled)
@@ -34,8 +32,8 @@ class ScrollNode final : public Wrapper {
     void paint(const Placed& self, Painting& painting) const override {
         const QRectF& content = self.children.front().rect;
         const QRectF rect = self.rect;
-        const double above = std::clamp(rect.top() - content.top(), 0.0, fadeHeight);
-        const double below = std::clamp(content.bottom() - rect.bottom(), 0.0, fadeHeight);
+        const double above = std::clamp(rect.top() - content.top(), 0.0, scrollFade);
+        const double below = std::clamp(content.bottom() - rect.bottom(), 0.0, scrollFade);
         painting.clipped(rect.adjusted(0, above, 0, -below),
                          [&](Painting& inside) { inside.paintChildren(self); });
         fade(self, painting, {rect.left(), rect.top(), rect.width(), above}, 0);

@@ -20,10 +20,15 @@ const QString& ellipsis() {
 }
 
 // Embedding, override and isolate controls (UAX #9): one left open in a name would turn round
-// everything that is written behind it.
+// everything that is written behind it. Isolates by the first letter are what keeps names from
+// that.
 bool steersDirection(QChar character) {
     return (character >= QChar(0x202A) && character <= QChar(0x202E)) ||
-           (character >= QChar(0x2066) && character <= QChar(0x2069));
+           character == QChar(0x2066) || character == QChar(0x2067);
+}
+
+bool isolates(QChar character) {
+    return character == QChar(0x2068) || character == QChar(0x2069);
 }
 
 // More marks over one letter than any language writes would cover what stands above.
@@ -60,7 +65,7 @@ class TextNode final : public Node {
         }
         said_.role = Role::text;
         for (const Run& run : runs_) {
-            said_.name += run.text.toStdString();
+            said_.name += QString(run.text).removeIf(isolates).toStdString();
             isTall_ = isTall_ || pilesMarks(run.text);
         }
     }

@@ -15,6 +15,7 @@ namespace kit {
 class Node;
 class Shape;
 struct Description;
+struct Hover;
 struct MenuItem;
 enum class Cursor;
 enum class PressKeys;
@@ -88,7 +89,7 @@ class View {
     /// The box around a field: a press anywhere in it goes to the field. Around a date, which has
     /// no insertion point, it shows where the focus is.
     View fieldBox() const;
-    View onHover(std::function<void(std::optional<QPointF>)> hover) const;
+    View onHover(std::function<void(std::optional<Hover>)> hover) const;
 
     /// What it is to those who cannot see it, and all that is inside of it with it.
     View described(const Description& description) const;

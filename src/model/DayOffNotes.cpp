@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/Unicode.h"
 #include "model/Phase.h"
 
 namespace noonward {
@@ -33,7 +34,7 @@ std::vector<std::string> dayOffNotes(const std::vector<Row>& rows, Instant at,
     std::vector<Note> notes;
     for (const Row& row : rows)
         if (const auto day = dayOff(row, at, holidays))
-            take(notes, (day->off() ? "" : "maybe ") + day->name(), row.label);
+            take(notes, (day->off() ? "" : "maybe ") + day->name(), unicode::isolated(row.label));
 
     std::vector<std::string> texts;
     for (const Note& note : notes) {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "base/Unicode.h"
 #include "model/Strip.h"
 #include "model/Weekdays.h"
 
@@ -83,8 +84,9 @@ std::string rangeText(const Meeting& meeting, const Row& row, HourFormat format)
 }
 
 std::string summaryText(Instant at, const std::vector<Row>& rows, HourFormat format) {
-    return joined(rows, "  ·  ",
-                  [&](const Row& row) { return row.label + " " + timeText(at, row, format); });
+    return joined(rows, "  ·  ", [&](const Row& row) {
+        return unicode::isolated(row.label) + " " + timeText(at, row, format);
+    });
 }
 
 std::string plainText(Instant at, const std::vector<Row>& rows, HourFormat format) {

@@ -8,7 +8,7 @@
 namespace noonward::test {
 namespace {
 
-constexpr double rowsBottom = 40 + 3 * 56 + 2 * 8;  // three places
+constexpr double rowsBottom = 6 + 40 + 3 * 56 + 2 * 8;  // stripe, captions, three places
 
 double atHour(double hour) {
     return Metrics::gridX + hour * Metrics::pitch;
@@ -49,8 +49,8 @@ TEST(GridMouse, PressesOnTheGridAreUsedUp) {
              {341.9, 100, false, 0},
              {1107.9, 100, true, 780},
              {1108, 100, false, 0},
-             {500, 32, true, -360},
-             {500, 31, false, 0},
+             {500, 38, true, -360},
+             {500, 37, false, 0},
              {500, rowsBottom + 4, true, -360},
              {500, rowsBottom + 4.1, false, 0},
          }) {

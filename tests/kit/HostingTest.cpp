@@ -73,19 +73,21 @@ TEST(Hosting, IsBuiltAnewOnceATurnOrWhenAsked) {
 TEST(Hosting, TellsHoverFromTheInnermostOut) {
     std::vector<std::string> said;
     const auto tell = [&](const char* name) {
-        return [&said, name](std::optional<QPointF> at) {
-            said.push_back(name + (at ? " " + std::to_string(std::lround(at->x())) : " left"));
+        return [&said, name](std::optional<Hover> over) {
+            said.push_back(name + (over ? " " + std::to_string(std::lround(over->at.x())) +
+                                              (over->onControl ? " on a control" : "")
+                                        : " left"));
         };
     };
     Window window([&] {
-        return hstack({.spacing = 10}, {box(20, 20).onHover(tell("a")), box(20, 20)})
+        return hstack({.spacing = 10}, {box(20, 20).onHover(tell("a")), box(20, 20).button([] {})})
             .onHover(tell("all"));
     });
     using Said = std::vector<std::string>;
     window.mouse(QEvent::MouseMove, {5, 5}, Qt::NoButton);
     EXPECT_EQ(std::exchange(said, {}), (Said{"all 5", "a 5"}));
     window.mouse(QEvent::MouseMove, {35, 5}, Qt::NoButton);
-    EXPECT_EQ(std::exchange(said, {}), (Said{"a left", "all 35"}));
+    EXPECT_EQ(std::exchange(said, {}), (Said{"a left", "all 35 on a control"}));
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&window.view, &leave);
     EXPECT_EQ(said, Said{"all left"});
@@ -194,7 +196,7 @@ TEST(Hosting, ScrollsByWheelAndByFocus) {
     EXPECT_FALSE(window.view.rect().intersects(fields[1]->geometry())) << "scrolled out of sight";
     fields[0]->setFocus();
     QApplication::processEvents();
-    EXPECT_EQ(position, most - metrics(environment.font).lineHeight);
+    EXPECT_EQ(position, most - metrics(environment.font).lineHeight + scrollFade);
     fields[1]->setFocus();
     QApplication::processEvents();
     EXPECT_EQ(position, most);

@@ -125,6 +125,10 @@ TEST(Texts, ListEveryRow) {
     EXPECT_EQ(summaryText(at, rows, h12),
               "London 2:00 PM  ·  New York 9:00 AM  ·  Pune 7:30 PM  ·  Dubai 6:00 PM");
 
+    const std::vector<Row> turning{rowIn("Africa/Cairo", "القاهرة")};
+    EXPECT_EQ(summaryText(at, turning, h12), "\u2068القاهرة\u2069 4:00 PM");
+    EXPECT_EQ(plainText(at, turning, h12), "القاهرة 4:00 PM Tue 4 Mar (EET)") << "never copied";
+
     EXPECT_EQ(plainText(at, none, h24), "");
     EXPECT_EQ(plainText(at, rows, h24),
               "London 14:00 Tue 4 Mar (GMT)\n"

@@ -121,16 +121,24 @@ TEST(NotchView, KeepsItsClocksBesideTheCamera) {
                 Scene scene(now);
                 scene.store.format = format;
                 if (update) scene.ui.updateReady = "1.2";
-                double free = 11;  // 4 points inside the outline
+                double free = 8;  // a point inside the outline
                 for (const auto& [rect, name] : scene.items()) {
                     EXPECT_GE(rect.left(), free) << scene.line();
                     EXPECT_TRUE(rect.right() <= 99 || rect.left() >= 284) << scene.line();
-                    EXPECT_LE(rect.right(), 372) << scene.line();
-                    free = rect.right() + 5.999;
+                    EXPECT_LE(rect.right(), 375) << scene.line();
+                    free = rect.right() + (update ? 2 : 5.999);
                 }
+                EXPECT_NE(scene.line().find(" LON "), std::string::npos) << scene.line();
                 EXPECT_EQ(scene.line().find("…"), std::string::npos) << scene.line();
             }
         }
+    }
+    for (std::size_t label = 0; label < 64; ++label) {  // of about every width
+        Config config = threePlaces();
+        config.places[0].shortName = std::string(label / 8, 'W') + std::string(label % 8, 'i');
+        Scene scene("2026-03-18 22:44", config);
+        scene.ui.updateReady = "1.2";
+        EXPECT_GE(scene.items().front().rect.left(), 8) << scene.line();
     }
     Scene roomy("2026-03-18 09:30");
     EXPECT_EQ(roomy.items().front().rect.left(), 21);
@@ -141,7 +149,7 @@ TEST(NotchView, KeepsItsClocksBesideTheCamera) {
 TEST(NotchView, ShowsAnUpdateAtTheLeftEdgeOnly) {
     Scene scene("2026-03-18 09:30");
     scene.ui.updateReady = "1.2";
-    EXPECT_EQ(scene.line(), "↓ ● 09:30 17:30 SIN ●") << "the label makes room for it";
+    EXPECT_EQ(scene.line(), "↓ ● LON 09:30 17:30 SIN ●");
 }
 
 TEST(NotchView, MarksThePhaseOfEachPlace) {

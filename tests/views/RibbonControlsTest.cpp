@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+#include "kit/Description.h"
 #include "kit/Node.h"
 #include "views/Finding.h"
 #include "views/RibbonScene.h"
@@ -102,7 +105,7 @@ TEST(RibbonControls, HideAndShowRows) {
             const kit::Interaction* interaction = placed.node->interaction();
             if (!interaction || !interaction->hover || placed.rect.height() != 56) return;
             if (kit::dump(placed).find(label) == std::string::npos) return;
-            interaction->hover(inside ? std::optional<QPointF>({5, 5}) : std::nullopt);
+            interaction->hover(inside ? std::optional(kit::Hover{{5, 5}}) : std::nullopt);
         });
     };
     const std::string hide = "Hide New York for now — left out of the email and the fairest hour";
@@ -120,6 +123,9 @@ TEST(RibbonControls, HideAndShowRows) {
     EXPECT_FALSE(seen(hide)) << "only the row under the pointer offers to hide";
     focus(hide, true);
     EXPECT_TRUE(seen(hide)) << "and the one that the Tab key has come to";
+    hoverRow("Singapore", true);
+    EXPECT_TRUE(seen(hide)) << "wherever the pointer goes";
+    hoverRow("Singapore", false);
     focus(hide, false);
     EXPECT_FALSE(seen(hide));
     hoverRow("New York", true);
@@ -135,14 +141,63 @@ TEST(RibbonControls, HideAndShowRows) {
     EXPECT_TRUE(seen("Hide Singapore for now — left out of the email and the fairest hour"));
 }
 
+TEST(RibbonControls, HomesTimeStandsOutAndTwelveHoursAreSmaller) {
+    for (const auto& [format, home, other, size] :
+         {std::tuple(HourFormat::h24, "09:40", "05:40", 27.0),
+          {HourFormat::h12, "9:40 AM", "5:40 AM", 22.0}}) {
+        Live live;
+        live.store().format = format;
+        const kit::Placed root = live.scene.placed();
+        const auto look = [&](const char* time) {
+            const std::string wanted = std::string("text \"") + time + '"';
+            return kit::find(root,
+                             [&](const kit::Placed& placed) {
+                                 return placed.node->description() == wanted;
+                             })
+                ->environment;
+        };
+        EXPECT_EQ(look(home).colour, Palette::dark.homeTime);
+        EXPECT_EQ(look(other).colour, Palette::dark.text);
+        EXPECT_EQ(look(home).font.size, size);
+    }
+}
+
+TEST(RibbonControls, AReadersMeetingStaysOnTheStrip) {
+    Live live;
+    live.store().propose(20);
+    const kit::Placed root = live.scene.placed();
+    const kit::Placed* meeting = kit::find(root, [](const kit::Placed& placed) {
+        return placed.node->accessible() && placed.node->accessible()->range;
+    });
+    EXPECT_EQ(meeting->node->accessible()->range->most, 23 * 60);
+}
+
+// A Friday evening at home, by when it is Saturday elsewhere.
+TEST(RibbonControls, DaysOffAreThoseOfTheFairestHour) {
+    Live live({.now = "2026-03-20 20:30"});
+    EXPECT_EQ(kit::dump(live.scene.placed()).find("Saturday in"), std::string::npos);
+    live.store().propose(23);
+    EXPECT_NE(kit::dump(live.scene.placed()).find("Saturday in Singapore"), std::string::npos);
+}
+
+// Rows of twelve hours keep the date, and lose the abbreviation, where both have no room.
+TEST(RibbonControls, ADateIsWorthMoreThanAnAbbreviation) {
+    Live live({.config = sixPlaces()});
+    live.store().format = HourFormat::h12;
+    const std::string all = kit::dump(live.scene.placed());
+    EXPECT_NE(all.find("text \"EDT · Wed 18 Mar\""), std::string::npos);
+    EXPECT_NE(all.find("text \"Wed 18 Mar\""), std::string::npos) << "in Kathmandu";
+}
+
 TEST(RibbonControls, HoverFindsTheColumn) {
     Live live;
-    const auto hover = [&](std::optional<QPointF> at) {
+    const auto hover = [&](std::optional<QPointF> at, bool onControl = false) {
         const kit::Placed root = live.scene.placed();
         const kit::Placed* grid = kit::find(root, [](const kit::Placed& placed) {
             return placed.node->interaction() && placed.node->interaction()->hover;
         });
-        grid->node->interaction()->hover(at);
+        grid->node->interaction()->hover(at ? std::optional(kit::Hover{*at, onControl})
+                                            : std::nullopt);
         return live.store().hoverCol();
     };
     EXPECT_EQ(hover(QPointF(342, 33)), 0);
@@ -153,6 +208,7 @@ TEST(RibbonControls, HoverFindsTheColumn) {
     EXPECT_EQ(hover(QPointF(341.9, 90)), std::nullopt);
     hover(QPointF(500, 90));
     EXPECT_EQ(hover(std::nullopt), std::nullopt);
+    EXPECT_EQ(hover(QPointF(500, 90), true), std::nullopt) << "a hidden row's button lies there";
 }
 
 TEST(RibbonControls, TypingPreviewsAndKeeps) {
@@ -206,7 +262,8 @@ TEST(RibbonControls, ChipsTellWhyADayIsOff) {
     scene.store->propose(15);
     EXPECT_TRUE(offers("Parade: a public holiday in United States"));
     EXPECT_TRUE(offers("Feast: a holiday in Jurong only"));
-    EXPECT_NE(kit::dump(scene.placed()).find("\"Feast?\""), std::string::npos);
+    EXPECT_NE(kit::dump(scene.placed()).find("\"?\""), std::string::npos)
+        << "however long its name";
     scene.store->changeDay(-1);
     EXPECT_TRUE(offers("Not a working day in New York"));
 }

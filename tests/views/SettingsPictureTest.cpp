@@ -141,15 +141,15 @@ TEST_P(SettingsPicture, OfWhatASearchFinds) {
     }
 }
 
-// However much there is, nothing is painted below the column, nor beside it.
+// However much there is, nothing is painted above the column, nor beside it.
 TEST_P(SettingsPicture, OfMoreThanFits) {
     const Theme colours = theme(GetParam());
     const Config six = places(6);
     for (const auto& options : {SettingsView::Options{.editing = 5}, SettingsView::Options{}}) {
         const Painted painted(six, options, GetParam());
         for (double x = left; x < left + 560; x += 0.5)
-            ASSERT_TRUE(painted.picture.is(x, boxBottom - 18 + 1, colours.tint)) << x;
-        EXPECT_FALSE(painted.picture.is(left + 0.25, row(5) + 26, colours.tint));
+            ASSERT_TRUE(painted.picture.is(x, columns - 1, colours.tint)) << x;
+        EXPECT_FALSE(painted.picture.is(left + 0.25, boxBottom - 30, colours.tint));
     }
     Config long10k = threePlaces();
     for (Place& place : long10k.places)

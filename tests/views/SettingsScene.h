@@ -45,6 +45,16 @@ struct SettingsScene {
         return kit::dump(placed()).find(words) != std::string::npos;
     }
 
+    /// Whose week is open; empty: nobody's.
+    std::string openWeek() const {
+        std::string before;
+        for (const kit::Element& element : kit::elements(placed())) {
+            if (element.name == " — working week") return before;
+            before = element.name;
+        }
+        return {};
+    }
+
     /// The buttons whose name begins so, in their order.
     std::vector<kit::Element> buttons(const std::string& name) const {
         std::vector<kit::Element> found;

@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "kit/Scroll.h"
+#include "kit/Scrolling.h"
+#include "views/RibbonScene.h"
 #include "views/SettingsScene.h"
 #include "views/settings/WeekEditor.h"
+#include "views/welcome/WelcomeView.h"
 
 namespace noonward::test {
 namespace {
@@ -48,7 +52,7 @@ TEST(Settings, SayWhereEachPlaceStands) {
          nothing,
          {.query = "singapore"},
          {"Not in the list — look up “singapore” with Apple Maps"},
-         {"SGT"}},
+         {"GMT+8 · 17:40 · +8h"}},
         {"a city",
          nothing,
          {.query = "tokyo"},
@@ -57,10 +61,10 @@ TEST(Settings, SayWhereEachPlaceStands) {
         {"an open week",
          nothing,
          {.editing = 1},
-         {"New York — working week", "08:00", "18:00", "Fetching United States's holidays…",
+         {"\"New York\"", " — working week", "08:00", "18:00", "Fetching United States's holidays…",
           "Office closures or leave that count as days off for New York.", "18/03/2026",
           "Back to 8–18, Monday to Friday, with holidays"},
-         {"London — working week"}},
+         {}},
         {"its exceptions",
          [](Config& config) {
              config.places[1] = {.label = "Dubai",
@@ -209,19 +213,62 @@ TEST(Settings, TheOpenWeekFollowsItsPlaceAndClosesWithIt) {
     const SettingsScene scene;
     const char* tip = "Working hours, days and holidays";
     scene.press(tip, 1);
-    EXPECT_TRUE(scene.says("New York — working week"));
+    EXPECT_EQ(scene.openWeek(), "New York");
     scene.press("Move down");
-    EXPECT_TRUE(scene.says("New York — working week"));
+    EXPECT_EQ(scene.openWeek(), "New York");
     scene.press("Make this home", 1);
     scene.type("Name", "NYC", 0);
-    EXPECT_TRUE(scene.says("NYC — working week"));
+    EXPECT_EQ(scene.openWeek(), "NYC");
     scene.press(tip, 1);
-    EXPECT_TRUE(scene.says("London — working week")) << "only one is open";
+    EXPECT_EQ(scene.openWeek(), "London") << "only one is open";
     scene.press("Remove", 0);
-    EXPECT_TRUE(scene.buttons("Back to 8–18").empty());
+    EXPECT_EQ(scene.openWeek(), "");
     scene.press(tip, 1);
     scene.press(tip, 1);
-    EXPECT_TRUE(scene.buttons("Back to 8–18").empty());
+    EXPECT_EQ(scene.openWeek(), "");
+}
+
+TEST(Settings, WhatMattersIsInSight) {
+    struct Case {
+        SettingsView::Options options;
+        std::size_t places;
+        const char* words;
+    };
+    for (const auto& [options, count, words] :
+         {Case{{}, 6, "to make"},  // why there is no field to search in
+          {{.editing = 5}, 6, "Back to 8–18"},
+          {{.query = "united"}, 4, "Not in the list"}}) {
+        const SettingsScene scene(places(count), options);
+        std::set<kit::Id> shown;
+        kit::showAppeared(scene.placed(), shown);
+        const kit::Placed root = scene.placed();
+        const kit::Placed* found = kit::find(root, [&](const kit::Placed& placed) {
+            const std::string text = placed.node->description();
+            return text.starts_with("text ") && text.find(words) != std::string::npos;
+        });
+        ASSERT_NE(found, nullptr) << words;
+        EXPECT_GT(found->rect.top(), 91 + kit::scrollFade) << words;
+        EXPECT_LT(found->rect.bottom(), 546) << words;
+    }
+}
+
+TEST(Settings, EveryControlHasATooltip) {
+    const auto check = [](const kit::Placed& root) {
+        for (const kit::Element& element : kit::elements(root)) {
+            const bool isControl = element.press && element.role == kit::Role::button;
+            EXPECT_TRUE(!isControl || !element.help.empty() || element.name.ends_with(")"))
+                << element.name;
+        }
+    };
+    check(SettingsScene(places(5), {.query = "united", .editing = 4}).placed());
+    RibbonScene ribbon({.here = "Asia/Tokyo", .options = {.solid = false}});
+    check(ribbon.placed());
+    ribbon.store->changeDay(1);
+    ribbon.store->propose(9);
+    ribbon.store->toggleHidden(ribbon.store->rows()[1]);
+    check(ribbon.placed());
+    check(kit::layOut(WelcomeView(*ribbon.store, ribbon.ui, [](bool) {}).body(Scheme::dark),
+                      rootEnvironment()));
 }
 
 TEST(Settings, LookUpWhatIsNotInTheList) {

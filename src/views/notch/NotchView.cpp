@@ -25,7 +25,9 @@ using namespace kit;
 namespace {
 
 constexpr double earInset = 14;
-constexpr double leastInset = 4;  // where an ear is crowded
+constexpr double leastInset = 1;  // where an ear is crowded
+constexpr double usualSpacing = 6;
+constexpr double leastSpacing = 2;
 constexpr double markSide = 7;
 
 // The outline, and with it what lies in it, as far as the notch is opened out.
@@ -71,18 +73,29 @@ View mark(Phase phase) {
 enum class Side { leading, trailing };
 
 // The items of an ear from its outer edge inwards; an absent label leaves no trace.
-View items(Side side, const View& update, const View& mark, const View& label, const View& time) {
-    Views line{update, mark, label, time};
+View items(Side side, Views line, double spacing) {
     if (side == Side::trailing) std::reverse(line.begin(), line.end());
-    return hstack({.spacing = 6}, line).fixedSize();
+    return hstack({.spacing = spacing}, line).fixedSize();
 }
 
 double idealWidth(const View& view) {
     return view->measure({}, {}).width();
 }
 
-// What does not fit between the inset and the camera reaches out into the inset. Where that is not
-// enough the label goes: the time is never cut.
+// What does not fit between the inset and the camera reaches out into the inset, then the items
+// move together. Where that is not enough the label goes: the time is never cut.
+View crowded(Side side, const Views& all, const Views& withoutLabel) {
+    const View whole = items(side, all, usualSpacing);
+    const double over = idealWidth(whole) - (NotchUI::ear - leastInset);
+    if (over <= 0) return whole;
+    const auto gaps = std::count_if(all.begin(), all.end(),
+                                    [](const View& item) { return static_cast<bool>(item); }) -
+                      1;
+    const double spacing = usualSpacing - over / static_cast<double>(gaps);
+    return spacing < leastSpacing ? items(side, withoutLabel, usualSpacing)
+                                  : items(side, all, spacing);
+}
+
 View ear(Store& store, const NotchUI& ui, const Row& row, Side side) {
     const View update = when(side == Side::leading && ui.updateReady(), [] {
         return symbol(Symbols::update).font(systemFont(10)).colour(Velmora::mist);
@@ -93,9 +106,7 @@ View ear(Store& store, const NotchUI& ui, const Row& row, Side side) {
                           .font(hanken(13, Weight::semibold))
                           .colour(white);
 
-    const View whole = items(side, update, state, label, time);
-    const bool fits = idealWidth(whole) <= NotchUI::ear - leastInset;
-    const View line = fits ? whole : items(side, update, state, {}, time);
+    const View line = crowded(side, {update, state, label, time}, {update, state, {}, time});
     const bool inside = idealWidth(line) <= NotchUI::ear - earInset;
     return line.frame({.width = NotchUI::ear - earInset,
                        .alignment = (side == Side::leading) == inside ? leading : trailing});

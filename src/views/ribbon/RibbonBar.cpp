@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonBar.h"
 
+#include "base/Unicode.h"
 #include "kit/Interaction.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
@@ -39,20 +40,20 @@ View proposalControls(const RibbonContext& context) {
 
 View proposalLine(const RibbonContext& context, Instant proposal) {
     const Font semibold = hanken(14, Weight::semibold);
-    return hstack(
-        {.spacing = 12},
-        {
-            symbol(Symbols::clockFilled),
-            text({
-                {.text = "Proposed   ",
-                 .font = hanken(14, Weight::bold),
-                 .colour = context.palette.proposed},
-                {.text = context.store.range(proposal, context.home) + " " + context.home.label,
-                 .font = semibold},
-            }),
-            spacer(),
-            when(!context.solid, [&] { return proposalControls(context); }),
-        });
+    return hstack({.spacing = 12},
+                  {
+                      symbol(Symbols::clockFilled),
+                      text({
+                          {.text = "Proposed   ",
+                           .font = hanken(14, Weight::bold),
+                           .colour = context.palette.proposed},
+                          {.text = context.store.range(proposal, context.home) + " " +
+                                   unicode::isolated(context.home.label),
+                           .font = semibold},
+                      }),
+                      spacer(),
+                      when(!context.solid, [&] { return proposalControls(context); }),
+                  });
 }
 
 View fairestLine(const RibbonContext& context) {
@@ -97,7 +98,8 @@ View typingLine(const RibbonContext& context) {
                           .onSubmit = [&store] { store.finishTyping(true); },
                           .focusOnAppear = true,
                       })
-                .font(hanken(15, Weight::semibold)),
+                .font(hanken(15, Weight::semibold))
+                .tooltip("The time to propose (return keeps it, esc does not)"),
             spacer(),
             text(store.timeQueryValid() ? "return to keep · esc to cancel"
                                         : "a time, then a place — or leave the place out for home")

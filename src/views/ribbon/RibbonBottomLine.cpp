@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonBottomLine.h"
 
+#include "base/Unicode.h"
 #include "kit/Description.h"
 #include "kit/Interaction.h"
 #include "kit/Stacks.h"
@@ -34,12 +35,14 @@ View message(const RibbonContext& context) {
 View travelBanner(const RibbonContext& context) {
     Store& store = context.store;
     const Palette& palette = context.palette;
-    const std::string here = store.hereName();
-    const std::string home = store.homeName();
+    const std::string here = unicode::isolated(store.hereName());
+    const std::string home = unicode::isolated(store.homeName());
     const auto plan = [&](const std::string& title, bool fromHere, bool strong) {
         return pill(
-            palette, title, strong, [&store, fromHere] { store.planFromHere(fromHere); },
-            PressKeys::space);
+                   palette, title, strong, [&store, fromHere] { store.planFromHere(fromHere); },
+                   PressKeys::space)
+            .tooltip("Days begin in " + (fromHere ? here : home) +
+                     ", and the rows follow its clock");
     };
     const View airplane = symbol(Symbols::airplane).colour(palette.fair);
 

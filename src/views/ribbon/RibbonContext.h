@@ -22,6 +22,7 @@ struct RibbonContext {
     bool demonstration;  ///< travel banner, update notice and settings button all the same
     std::function<void()> onCopyInvite;
     Published<std::optional<int>>& hoveredRow;
+    Published<std::optional<int>>& focusedRow;
 
     std::vector<Row> rows;
     Row home;

@@ -84,7 +84,8 @@ View daySwitcher(const RibbonContext& context) {
                                    .font(hanken(12, Weight::semibold))
                                    .colour(context.palette.fair)
                                    .button([&store] { store.changeDay(-store.dayOffset()); },
-                                           PressKeys::space);
+                                           PressKeys::space)
+                                   .tooltip("Back to today");
                            }),
                   });
 }

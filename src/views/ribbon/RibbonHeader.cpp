@@ -1,6 +1,8 @@
 #include "views/ribbon/RibbonHeader.h"
 
+#include "base/Unicode.h"
 #include "kit/Interaction.h"
+#include "kit/Node.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -14,6 +16,8 @@ namespace noonward {
 using namespace kit;
 
 namespace {
+
+constexpr double timeGap = 12;  // between the time and what stands beside it
 
 std::string dayOffTooltip(const DayOff& day, const Row& row) {
     switch (day.kind()) {
@@ -33,7 +37,7 @@ std::string dayOffTooltip(const DayOff& day, const Row& row) {
 View dayOffChip(const RibbonContext& context, const Row& row, const DayOff& day) {
     const bool weekend = day.kind() == DayOff::Kind::weekend;
     const Palette& palette = context.palette;
-    return text(day.name() + (day.off() ? "" : "?"))
+    return hstack({}, {text(day.name()), when(!day.off(), [] { return text("?").priority(1); })})
         .font(hanken(11, Weight::semibold))
         .colour(weekend ? palette.mist : palette.offText)
         .padding({.horizontal = 6, .vertical = 1})
@@ -50,11 +54,33 @@ View nameLine(const RibbonContext& context, const Row& row) {
                   });
 }
 
-// What is short of room loses the end of its date, never the difference from home.
+View timeText(const RibbonContext& context, const Row& row, const std::string& time) {
+    const bool twelveHour = twelve(context.store.format());
+    return text(time)
+        .font(hanken(twelveHour ? 22 : 27, Weight::light))
+        .colour(row.isHome ? context.palette.homeTime : context.palette.text);
+}
+
+double idealWidth(const View& view) {
+    return view->measure({}, {}).width();
+}
+
+// Beside the time as wide as it is at an hour of two digits: a line does not change with the hour.
+double roomForDetails(const RibbonContext& context, const Row& row) {
+    std::string time = context.store.time(context.focus, row);
+    if (time.find(':') == 1) time.insert(0, "0");
+    return Metrics::header - timeGap - idealWidth(timeText(context, row, time));
+}
+
+// What is short of room loses the abbreviation first, which says no more than the difference from
+// home, then the end of its date.
 View detailLine(const RibbonContext& context, const Row& row) {
-    const std::string abbreviation = row.abbr(context.focus);
+    std::string abbreviation = row.abbr(context.focus);
     const std::string date = context.store.date(context.focus, row);
     const std::string difference = context.store.diff(row, context.focus);
+    const View whole = text(abbreviation + " · " + date + " · " + difference).font(hanken(12));
+    if (!difference.empty() && idealWidth(whole) > roomForDetails(context, row))
+        abbreviation.clear();
     return hstack(
                {.spacing = 0},
                {
@@ -68,36 +94,34 @@ View detailLine(const RibbonContext& context, const Row& row) {
 // There for the Tab key as well, and seen when the pointer or the focus has come to it.
 View hideButton(const RibbonContext& context, const Row& row) {
     Store& store = context.store;
-    auto& hoveredRow = context.hoveredRow;
-    const bool seen = hoveredRow() == row.id;
+    auto& focusedRow = context.focusedRow;
+    const bool seen = context.hoveredRow() == row.id || focusedRow() == row.id;
     if (!seen && context.solid) return {};
     return symbol(Symbols::eyeSlash)
         .font(systemFont(12))
         .colour(context.palette.mist)
         .frame({.width = 24, .height = 24})
-        .background(circle().fill(context.palette.chip))
+        .background(zstack(
+            centred, {circle().fill(context.palette.tint), circle().fill(context.palette.chip)}))
         .opacity(seen ? 1 : 0)
         .button([&store, row] { store.toggleHidden(row); }, PressKeys::space,
-                [&hoveredRow, id = row.id](bool has) {
+                [&focusedRow, id = row.id](bool has) {
                     if (has) {
-                        hoveredRow = id;
-                    } else if (hoveredRow() == id) {
-                        hoveredRow = std::nullopt;
+                        focusedRow = id;
+                    } else if (focusedRow() == id) {
+                        focusedRow = std::nullopt;
                     }
                 })
-        .tooltip("Hide " + row.label + " for now — left out of the email and the fairest hour");
+        .tooltip("Hide " + unicode::isolated(row.label) +
+                 " for now — left out of the email and the fairest hour");
 }
 
 }  // namespace
 
 View rowHeader(const RibbonContext& context, const Row& row) {
-    const bool twelveHour = twelve(context.store.format());
-    return hstack({.align = Vertical::firstBaseline, .spacing = 12},
+    return hstack({.align = Vertical::firstBaseline, .spacing = timeGap},
                   {
-                      text(context.store.time(context.focus, row))
-                          .font(hanken(twelveHour ? 22 : 27, Weight::light))
-                          .colour(row.isHome ? context.palette.homeTime : context.palette.text)
-                          .priority(1),
+                      timeText(context, row, context.store.time(context.focus, row)).priority(1),
                       vstack({.align = Horizontal::leading, .spacing = 1},
                              {
                                  nameLine(context, row),

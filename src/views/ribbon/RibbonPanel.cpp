@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "kit/Interaction.h"
 #include "kit/Stacks.h"
 #include "kit/Text.h"
 #include "views/ribbon/RibbonBar.h"
@@ -32,12 +33,13 @@ View dateHeader(const RibbonContext& context) {
         .offset(Metrics::pad, 8);
 }
 
-// Where the pointer is on the 24 hours, from below the captions down.
-void hover(Store& store, std::optional<QPointF> at) {
+// Where the pointer is on the 24 hours, from below the captions down. A hidden row's button is none
+// of them, however far it reaches.
+void hover(Store& store, const std::optional<Hover>& over) {
     std::optional<int> column;
-    if (at) {
-        const double dx = at->x() - Metrics::gridX;
-        if (dx >= 0 && dx < Metrics::gridWidth && at->y() > 32) {
+    if (over && !over->onControl) {
+        const double dx = over->at.x() - Metrics::gridX;
+        if (dx >= 0 && dx < Metrics::gridWidth && over->at.y() > 32) {
             column = store.column(dx, Metrics::pitch);
         }
     }
@@ -60,7 +62,7 @@ View grid(const RibbonContext& context) {
         .frame({.width = Metrics::panelWidth,
                 .height = Metrics::top + context.rowsHeight,
                 .alignment = topLeading})
-        .onHover([&store](std::optional<QPointF> at) { hover(store, at); });
+        .onHover([&store](std::optional<Hover> over) { hover(store, over); });
 }
 
 }  // namespace
@@ -78,6 +80,7 @@ View RibbonPanel::body(Scheme scheme, Backing backing) const {
         .demonstration = options_.demonstration,
         .onCopyInvite = options_.onCopyInvite,
         .hoveredRow = hoveredRow_,
+        .focusedRow = focusedRow_,
         .rows = store_.rows(),
         .home = store_.homeRow(),
         .fair = store_.fairestCol(),

@@ -12,7 +12,8 @@
 namespace noonward {
 
 /// The main view: every place as a strip of hour cells lined up on the same moment, the controls
-/// bar and the line of hints. It keeps only what the pointer is over; all else is the store's.
+/// bar and the line of hints. It keeps only what the pointer is over
+/// and what has the focus; all else is the store's.
 class RibbonPanel {
  public:
     struct Options {
@@ -37,8 +38,9 @@ class RibbonPanel {
     NotchUI& ui_;
     Options options_;
     mutable Announcer changes_;
-    mutable Published<std::optional<int>> hoveredRow_{
-        changes_};  ///< id of the row under the pointer
+    // Ids of the row under the pointer, and of the one whose button has the focus.
+    mutable Published<std::optional<int>> hoveredRow_{changes_};
+    mutable Published<std::optional<int>> focusedRow_{changes_};
 };
 
 }  // namespace noonward

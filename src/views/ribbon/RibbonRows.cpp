@@ -1,5 +1,6 @@
 #include "views/ribbon/RibbonRows.h"
 
+#include "base/Unicode.h"
 #include "kit/Description.h"
 #include "kit/Interaction.h"
 #include "kit/Shapes.h"
@@ -31,7 +32,9 @@ View hiddenRow(const RibbonContext& context, const Row& row) {
         .padding({.horizontal = 12})
         .frame({.height = Metrics::hiddenHeight})
         .background(capsule().fill(context.palette.chip))
-        .button([&store, row] { store.toggleHidden(row); }, PressKeys::space);
+        .button([&store, row] { store.toggleHidden(row); }, PressKeys::space)
+        .tooltip("Show " + unicode::isolated(row.label) +
+                 " again — in the email and the fairest hour");
 }
 
 // What the row's header shows, in one line.
@@ -51,8 +54,8 @@ View visibleRow(const RibbonContext& context, const Row& row) {
                   })
         .frame({.height = Metrics::rowHeight})
         .described({.role = Role::row, .name = row.label, .value = spoken(context, row)})
-        .onHover([&hoveredRow, id = row.id](std::optional<QPointF> at) {
-            if (at) {
+        .onHover([&hoveredRow, id = row.id](std::optional<Hover> over) {
+            if (over) {
                 hoveredRow = id;
             } else if (hoveredRow() == id) {
                 hoveredRow = std::nullopt;

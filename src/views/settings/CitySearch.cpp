@@ -40,7 +40,8 @@ View searchField(const State& state, const Palette& palette) {
         .font(hanken(15))
         .padding({.horizontal = 12, .vertical = 9})
         .background(chipGround(palette, 10))
-        .fieldBox();
+        .fieldBox()
+        .tooltip("Type a city or a country, then choose from what is found");
 }
 
 std::string describe(const Store& store, const City& city) {
@@ -69,7 +70,7 @@ View result(const State& state, const Palette& palette, const City& city, const 
 }
 
 View lookUpRow(const State& state, const Palette& palette) {
-    const std::string quoted = "“" + state->query() + "”";
+    const std::string quoted = "“" + unicode::isolated(state->query()) + "”";
     if (state->lookingUp()) {
         return form(0, hstack({.spacing = 8},
                               {
@@ -88,7 +89,8 @@ View lookUpRow(const State& state, const Palette& palette) {
                 text("Not in the list — look up " + quoted + " with Apple Maps").font(hanken(14)),
             })
             .padding({.horizontal = 12, .vertical = 4})
-            .button([state] { state->lookUp(); }, PressKeys::space));
+            .button([state] { state->lookUp(); }, PressKeys::space)
+            .tooltip("Look for smaller places, beyond the list"));
 }
 
 bool offersLookUp(const std::string& query) {

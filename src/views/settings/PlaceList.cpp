@@ -84,21 +84,23 @@ std::string travelNote(const Entry& entry) {
     return follows ? "Follows this Mac" : "";
 }
 
-std::string detailLine(const Entry& entry) {
-    const Store& store = entry.state->store;
+std::string zoneName(const Entry& entry) {
     std::string zone = entry.row.tz.identifier();
     std::replace(zone.begin(), zone.end(), '_', ' ');
+    return zone;
+}
+
+// What comes behind the zone.
+std::string details(const Entry& entry) {
+    const Store& store = entry.state->store;
     std::string line;
     for (const std::string& part : {
-             zone,
              travelNote(entry),
              entry.row.abbr(store.now()),
              store.time(store.now(), entry.row),
              "works " + entry.row.hoursText() + " " + entry.row.daysText(),
          }) {
-        if (part.empty()) continue;
-        if (!line.empty()) line += " · ";
-        line += part;
+        if (!part.empty()) line += " · " + part;
     }
     return line;
 }
@@ -113,15 +115,21 @@ View nameField(const Entry& entry) {
                       .text = entry.row.label,
                       .placeholder = "Name",
                       .onEdit = rename})
-        .font(hanken(15));
+        .font(hanken(15))
+        .tooltip("Click to rename");
 }
 
 View names(const Entry& entry) {
-    const std::string details = detailLine(entry);
+    const std::string zone = zoneName(entry);
+    const std::string rest = details(entry);
+    // Where there is no room for all, the zone gives way: the times say as much.
     return vstack({.align = Horizontal::leading, .spacing = 2},
                   {
                       nameField(entry),
-                      text(details).font(hanken(12)).colour(entry.palette.mist).tooltip(details),
+                      hstack({}, {text(zone), text(rest).priority(1)})
+                          .font(hanken(12))
+                          .colour(entry.palette.mist)
+                          .tooltip(zone + rest),
                   });
 }
 
@@ -167,6 +175,7 @@ View tools(const Entry& entry) {
                       order(entry),
                       iconButton({.symbol = Symbols::minusInCircle,
                                   .tint = Velmora::red,
+                                  .cutOut = white,
                                   .tip = "Remove",
                                   .of = entry.row.label,
                                   .state = entry.isHome ? State::disabled : State::enabled,

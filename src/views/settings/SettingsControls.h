@@ -23,7 +23,8 @@ kit::View stepper(const Palette& palette, const std::string& what, double value,
 struct IconButton {
     kit::SymbolSource symbol;
     kit::Colour tint;
-    double size = 13;  ///< of the symbol's font
+    kit::Colour cutOut = kit::clear;  ///< what is seen where a filled symbol is cut out
+    double size = 13;                 ///< of the symbol's font
     std::string tip;
     std::string of;  ///< whose it is, for those who cannot see what stands around
     enum class State { enabled, disabled, sign } state = State::enabled;  ///< a sign is no button

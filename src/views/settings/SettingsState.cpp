@@ -38,7 +38,8 @@ SettingsState::SettingsState(Store& model, NotchUI& notchUI, const Services& use
       lookingUp(changes_, false),
       loginOn(changes_, used.loginItem && used.loginItem->enabled()),
       searchFocus(changes_, 0),
-      scrolled(changes_, 0),
+      // Why there is no field to look for a place in is said at the end.
+      scrolled(changes_, isFull() ? theEnd : 0),
       editing_(changes_),
       shut_(changes_) {
     if (!editing || *editing < 0) return;

@@ -24,15 +24,19 @@ namespace {
 
 using State = std::shared_ptr<SettingsState>;
 
+constexpr double bottomMargin = 18;
+constexpr double belowColumn = 3;  // once all of it is scrolled up
+
 struct Appearance {
     const char* value;  // as it is stored
     const char* label;
+    const char* tip;
     SymbolSource symbol;
 };
 constexpr std::array appearances{
-    Appearance{"system", "Match Mac", Symbols::halfCircle},
-    Appearance{"light", "Light", Symbols::sun},
-    Appearance{"dark", "Dark", Symbols::moon},
+    Appearance{"system", "Match Mac", "Light or dark as everything else is", Symbols::halfCircle},
+    Appearance{"light", "Light", "Always light", Symbols::sun},
+    Appearance{"dark", "Dark", "Always dark", Symbols::moon},
 };
 
 View appearanceButton(Store& store, const Palette& palette, const Appearance& choice) {
@@ -42,7 +46,8 @@ View appearanceButton(Store& store, const Palette& palette, const Appearance& ch
         .colour(selected ? white : palette.text)
         .padding({.horizontal = 12, .vertical = 6})
         .background(roundedRectangle(8).fill(selected ? palette.button : clear))
-        .choice(selected, [&store, value = choice.value] { store.setAppearance(value); });
+        .choice(selected, [&store, value = choice.value] { store.setAppearance(value); })
+        .tooltip(choice.tip);
 }
 
 View appearancePicker(Store& store, const Palette& palette) {
@@ -73,7 +78,8 @@ View doneButton(NotchUI& ui, const Palette& palette) {
         .colour(white)
         .padding({.horizontal = 16, .vertical = 7})
         .background(roundedRectangle(10).fill(palette.button))
-        .button([&ui] { ui.settingsShown = false; }, PressKeys::spaceAndReturn);
+        .button([&ui] { ui.settingsShown = false; }, PressKeys::spaceAndReturn)
+        .tooltip("Back to the ribbon (return)");
 }
 
 View header(const State& state, const Palette& palette) {
@@ -98,9 +104,11 @@ View places(const State& state, const Palette& palette) {
                                    text("Add a place").font(caption),
                                    citySearch(state, palette),
                                });
-    return scroll(column, state->scrolled(),
+    // It goes on below the margin, where its lower edge fades.
+    return scroll(column.padding({.bottom = belowColumn}), state->scrolled(),
                   [state](double position) { state->scrolled = position; })
-        .frame({.width = 560});
+        .frame({.width = 560})
+        .padding({.bottom = -bottomMargin});
 }
 
 View legend(const Palette& palette) {
@@ -131,7 +139,8 @@ View program(const State& state, const Palette& palette) {
             legend(palette),
             labelledSwitch(palette, text("Open at login").font(hanken(12, Weight::semibold)),
                            state->loginOn(),
-                           [state](bool on) { state->animate([&] { state->setLogin(on); }); }),
+                           [state](bool on) { state->animate([&] { state->setLogin(on); }); })
+                .tooltip("Noonward waits at the notch as soon as you log in"),
             text("Noonward " + ui.version).font(hanken(12)).colour(palette.mist),
             hstack({.spacing = 8},
                    {
@@ -161,7 +170,7 @@ View SettingsView::body(Scheme scheme, Backing backing) const {
     return panelChrome(
         {.palette = palette, .backing = backing},
         vstack({.align = Horizontal::leading, .spacing = 22}, {header(state_, palette), columns})
-            .padding({.horizontal = Metrics::pad, .top = 30, .bottom = 18})
+            .padding({.horizontal = Metrics::pad, .top = 30, .bottom = bottomMargin})
             .frame({.width = Metrics::panelWidth, .height = 540, .alignment = topLeading}));
 }
 

@@ -4,9 +4,11 @@
 #include <functional>
 #include <vector>
 
+#include "base/Unicode.h"
 #include "holidays/Holidays.h"
 #include "kit/Description.h"
 #include "kit/Flow.h"
+#include "kit/Paragraph.h"
 #include "kit/Shapes.h"
 #include "kit/Stacks.h"
 #include "kit/Symbol.h"
@@ -132,8 +134,9 @@ View publicHolidays(const Editor& editor) {
     return vstack(
         {.align = Horizontal::leading, .spacing = 4},
         {
-            labelledSwitch(editor.palette, text("Public holidays").font(hanken(13)), on, turn),
-            text(status).font(hanken(12)).colour(editor.palette.mist).tooltip(status),
+            labelledSwitch(editor.palette, text("Public holidays").font(hanken(13)), on, turn)
+                .tooltip("Count the country's public holidays as days off"),
+            paragraph(status).font(hanken(12)).colour(editor.palette.mist),
         });
 }
 
@@ -157,24 +160,26 @@ View newDayOff(const Editor& editor) {
         const std::string key = DayKey(day.year(), day.month(), day.day()).text();
         state->edit(place, [&](Store& store, int index) { store.addDayOff(index, key); });
     };
-    return hstack({.spacing = 8},
-                  {
-                      dateField({.name = "New day off",
-                                 .day = state->newDayOff(),
-                                 .onChange = [state](QDate day) { state->newDayOff = day; }})
-                          .font(hanken(13))
-                          .padding({.horizontal = 10, .vertical = 5})
-                          .background(chipGround(editor.palette, 8))
-                          .fieldBox(),
-                      pill(editor.palette, "Add", false, add, PressKeys::space),
-                  });
+    return hstack(
+        {.spacing = 8},
+        {
+            dateField({.name = "New day off",
+                       .day = state->newDayOff(),
+                       .onChange = [state](QDate day) { state->newDayOff = day; }})
+                .font(hanken(13))
+                .padding({.horizontal = 10, .vertical = 5})
+                .background(chipGround(editor.palette, 8))
+                .fieldBox()
+                .tooltip("The day to add: type it, or change each part with ↑ ↓"),
+            pill(editor.palette, "Add", false, add, PressKeys::space).tooltip("Add this day off"),
+        });
 }
 
 View daysOff(const Editor& editor) {
     const std::vector<std::string> keys =
         editor.stored.daysOff.value_or(std::vector<std::string>());
-    const std::string note =
-        "Office closures or leave that count as days off for " + editor.row.label + ".";
+    const std::string note = "Office closures or leave that count as days off for " +
+                             unicode::isolated(editor.row.label) + ".";
     return vstack({.align = Horizontal::leading, .spacing = 6},
                   {
                       hstack({.spacing = 8},
@@ -202,7 +207,8 @@ View resetButton(const Editor& editor) {
                 std::string("Back to 8–18, ") + (usual ? "Monday to Friday" : "the usual week") +
                     ", with holidays",
                 false, editor.edits([](Store& store, int index) { store.resetWeek(index); }),
-                PressKeys::space);
+                PressKeys::space)
+        .tooltip("Undo what was changed here; days off stay");
 }
 
 }  // namespace
@@ -218,7 +224,8 @@ View weekEditor(const std::shared_ptr<SettingsState>& state, const Palette& pale
                         state->store.config().places[static_cast<std::size_t>(row.id)]};
     return vstack({.align = Horizontal::leading, .spacing = 10},
                   {
-                      text(row.label + " — working week").font(hanken(13, Weight::semibold)),
+                      hstack({}, {text(row.label), text(" — working week").priority(1)})
+                          .font(hanken(13, Weight::semibold)),
                       hoursLine(editor),
                       daysLine(editor),
                       publicHolidays(editor),

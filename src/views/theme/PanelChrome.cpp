@@ -12,7 +12,6 @@ using namespace kit;
 
 namespace {
 
-constexpr double stripeHeight = 6;
 constexpr double solidTopRadius = 18;
 constexpr double bottomRadius = 26;
 

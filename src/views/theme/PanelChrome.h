@@ -6,6 +6,9 @@
 
 namespace noonward {
 
+/// Height of the brand stripe, below which the content begins, points.
+inline constexpr double stripeHeight = 6;
+
 /// What lies behind a panel's content.
 enum class Backing {
     opaque,  ///< the plain tint: pictures

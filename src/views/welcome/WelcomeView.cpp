@@ -56,7 +56,8 @@ View chooseButton(const Palette& palette, std::function<void()> press) {
         .padding({.horizontal = 16, .vertical = 8})
         .background(
             roundedRectangle(buttonRadius).fill(palette.chip).strokeInside(palette.chipBorder, 1))
-        .button(std::move(press), PressKeys::space);
+        .button(std::move(press), PressKeys::space)
+        .tooltip("Go on to Places & appearance");
 }
 
 View gotItButton(const Palette& palette, std::function<void()> press) {
@@ -65,7 +66,8 @@ View gotItButton(const Palette& palette, std::function<void()> press) {
         .colour(white)
         .padding({.horizontal = 20, .vertical = 8})
         .background(roundedRectangle(buttonRadius).fill(palette.button))
-        .button(std::move(press), PressKeys::spaceAndReturn);
+        .button(std::move(press), PressKeys::spaceAndReturn)
+        .tooltip("Go on to the ribbon (return)");
 }
 
 }  // namespace
