@@ -164,6 +164,28 @@ TEST(AppDelegate, APressMeetsWhatIsShownByNowAndTakesTheKeys) {
     EXPECT_EQ(panel()->content().cursor().shape(), Qt::OpenHandCursor);
 }
 
+TEST(AppDelegate, AHiddenRowsButtonIsOneOverAllOfItsWidth) {
+    Running program;
+    program.desktop.appearance.setAnimations(false);
+    program.start();
+    Store& store = program.planner.store;
+    store.toggleHidden(store.rows()[1]);
+    program.toggle();
+    program.advance(1000);
+    const QMargins margins = panel()->content().margins();
+    const auto click = [&](double x) {
+        const QPointF at(margins.left() + x, margins.top() + 6 + 40 + 56 + 8 + 13);
+        mouse(QEvent::MouseButtonPress, at);
+        mouse(QEvent::MouseButtonRelease, at);
+    };
+    click(600);  // right of it there are hours
+    EXPECT_TRUE(store.proposal());
+    store.backToNow();
+    click(400);
+    EXPECT_FALSE(store.proposal());
+    EXPECT_TRUE(store.hidden().empty());
+}
+
 TEST(AppDelegate, KeysAreAMenusWhileItIsOpenAndGivenBackAtTheEnd) {
     Running program;
     program.start();

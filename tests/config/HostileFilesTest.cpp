@@ -277,20 +277,6 @@ TEST(HostileFilesTest, AFullDiskLeavesTheOldConfiguration) {
     EXPECT_EQ(home.load(), exampleConfig());
 }
 
-// As many as a file can hold: 170,000 favourites against 14,000 labels.
-TEST(HostileFilesTest, ManyFavouritesAreMatchedInNoTime) {
-    std::string text = R"({"favourites":["")";
-    for (int i = 0; i < 170'000; ++i)
-        text += ",\"\"";
-    text += "],\"places\":[{\"label\":\"é\",\"short\":\"\",\"zone\":\"\"}";
-    for (int i = 0; i < 14'000; ++i)
-        text += ",{\"label\":\"é\",\"short\":\"\",\"zone\":\"\"}";
-    text += "]}";
-    ConfigHome home;
-    writeText(home.paths.file, text);
-    EXPECT_EQ(home.load().places.size(), 14'001u);
-}
-
 // For a moment nothing can be opened; what lay there unread must survive the saves that follow.
 TEST(HostileFilesTest, WhatCouldNotBeReadForAMomentIsNotOverwritten) {
     ConfigHome home;

@@ -51,19 +51,6 @@ TEST_F(EndStory, BySignals) {
     }
 }
 
-// The desktop's session manager asks everybody to save, and then to go.
-TEST_F(EndStory, WithTheSession) {
-    program.reset();
-    ServerProcess manager([](const std::string& readyEnd) {
-        return std::vector<std::string>{NOONWARD_SESSION_MANAGER, readyEnd};
-    });
-    announced["SESSION_MANAGER"] = manager.line();
-    launch();
-    openRibbon();
-    manager.signal(SIGUSR1);
-    EXPECT_EQ(exitStatus(), 0);
-}
-
 // It cannot go on; it need not be mourned either.
 TEST_F(EndStory, WithTheServer) {
     // What is cut off frees nothing: no leak that a sanitizer finds then is one.

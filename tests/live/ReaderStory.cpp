@@ -131,6 +131,9 @@ TEST_F(ReaderStory, TheKeysReachEveryButton) {
     see("an email", [this] { return !hasClipboard(); });
     see("what is said about it",
         [&] { return reader->notices().join('\n').startsWith("Copied "); });
+    hand.key("c");
+    see("and about what replaces it",
+        [&] { return reader->notices().join('\n').contains("Copied the times as text"); });
 
     hand.key("]");
     tabTo("Today");
