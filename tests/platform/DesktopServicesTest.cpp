@@ -48,14 +48,19 @@ TEST(ClipboardPasteboardTest, HoldsOneKindOfContentsAtATime) {
     }
 }
 
-TEST(PointerPresenceTest, IsInsideFromEnterToLeave) {
+// That a window is entered proves nothing, but out of another one of ours.
+TEST(PointerPresenceTest, IsInsideFromMotionToLeave) {
     QWindow cap;
     QWindow panel;
-    const PointerPresence presence;
+    PointerPresence presence;
     const auto send = [](QWindow& to, QEvent::Type type) {
         QEnterEvent enter({}, {}, {});
+        QMouseEvent move(QEvent::MouseMove, {}, {}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QEvent other(type);
-        QCoreApplication::sendEvent(&to, type == QEvent::Enter ? &enter : &other);
+        QEvent& event = type == QEvent::Enter       ? static_cast<QEvent&>(enter)
+                        : type == QEvent::MouseMove ? static_cast<QEvent&>(move)
+                                                    : other;
+        QCoreApplication::sendEvent(&to, &event);
     };
     struct Step {
         QWindow* window;
@@ -63,12 +68,16 @@ TEST(PointerPresenceTest, IsInsideFromEnterToLeave) {
         bool inside;
     };
     EXPECT_FALSE(presence.inside());
-    for (const Step& step : {Step{&cap, QEvent::Enter, true}, Step{&cap, QEvent::Leave, false},
-                             Step{&cap, QEvent::Enter, true}, Step{&panel, QEvent::Enter, true},
+    for (const Step& step : {Step{&cap, QEvent::Enter, false}, Step{&cap, QEvent::MouseMove, true},
+                             Step{&cap, QEvent::Leave, false}, Step{&panel, QEvent::Enter, false},
+                             Step{&cap, QEvent::MouseMove, true}, Step{&panel, QEvent::Enter, true},
                              Step{&cap, QEvent::Leave, true}, Step{&panel, QEvent::Hide, false}}) {
         send(*step.window, step.type);
         EXPECT_EQ(presence.inside(), step.inside) << step.type;
     }
+    presence.handOver();
+    send(cap, QEvent::Enter);
+    EXPECT_TRUE(presence.inside());
 }
 
 // There is no sound card here, nor can a test hear: but nothing may be said of that.

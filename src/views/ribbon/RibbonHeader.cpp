@@ -54,9 +54,9 @@ View nameLine(const RibbonContext& context, const Row& row) {
                   });
 }
 
-View timeText(const RibbonContext& context, const Row& row, const std::string& time) {
+View timeText(const RibbonContext& context, const Row& row) {
     const bool twelveHour = twelve(context.store.format());
-    return text(time)
+    return text(context.store.time(context.focus, row))
         .font(hanken(twelveHour ? 22 : 27, Weight::light))
         .colour(row.isHome ? context.palette.homeTime : context.palette.text);
 }
@@ -65,11 +65,8 @@ double idealWidth(const View& view) {
     return view->measure({}, {}).width();
 }
 
-// Beside the time as wide as it is at an hour of two digits: a line does not change with the hour.
 double roomForDetails(const RibbonContext& context, const Row& row) {
-    std::string time = context.store.time(context.focus, row);
-    if (time.find(':') == 1) time.insert(0, "0");
-    return Metrics::header - timeGap - idealWidth(timeText(context, row, time));
+    return Metrics::header - timeGap - idealWidth(timeText(context, row));
 }
 
 // What is short of room loses the abbreviation first, which says no more than the difference from
@@ -121,7 +118,7 @@ View hideButton(const RibbonContext& context, const Row& row) {
 View rowHeader(const RibbonContext& context, const Row& row) {
     return hstack({.align = Vertical::firstBaseline, .spacing = timeGap},
                   {
-                      timeText(context, row, context.store.time(context.focus, row)).priority(1),
+                      timeText(context, row).priority(1),
                       vstack({.align = Horizontal::leading, .spacing = 1},
                              {
                                  nameLine(context, row),
