@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <optional>
@@ -203,6 +204,18 @@ TEST(AppDelegate, KeysAreAMenusWhileItIsOpenAndGivenBackAtTheEnd) {
     EXPECT_TRUE(program.ui.settingsShown());
     program.ui.onQuit();
     EXPECT_EQ(program.desktop.windows.keys, nullptr);
+}
+
+TEST(AppDelegate, MenusAndTooltipsLookLikeThePanels) {
+    Running program;
+    program.start();
+    for (const auto& [name, palette] :
+         {std::pair("light", Palette::light), {"dark", Palette::dark}}) {
+        program.planner.store.setAppearance(name);
+        EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase), palette.tint.qcolor());
+        EXPECT_EQ(QMenu().palette().color(QPalette::WindowText), palette.text.qcolor());
+        EXPECT_EQ(QToolTip::font().family(), "Hanken Grotesk");
+    }
 }
 
 TEST(AppDelegate, TheNotchHasRoomToSwingBeyondItsFrame) {

@@ -150,7 +150,8 @@ TEST(Presentation, OtherWordsHaveTheirRoomAtOnce) {
     Presentation presentation;
     presentation.show(placed(text("5").offset(0, 0)), std::nullopt, 0);
     presentation.show(placed(text("a longer one").offset(30, 0)), spring(10, 1), 0);
-    const Placed& words = presentation.at(0.1)->children.at(0).children.at(0);
+    const auto frame = presentation.at(0.1);
+    const Placed& words = frame->children.at(0).children.at(0);
     EXPECT_EQ(words.rect.width(), presentation.target().children.at(0).rect.width());
     EXPECT_LT(words.rect.left(), 30);
 }
