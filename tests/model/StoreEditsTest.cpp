@@ -277,7 +277,7 @@ TEST(StoreTyping, ReadsPlacesAsTheyArePlannedWith) {
         store.startTyping(text);
         EXPECT_EQ(store.proposal(), proposal) << text;
     }
-    store.changeDay(1);
+    store.propose(5);
     store.setRolling(true);
     EXPECT_EQ(store.proposal(), std::nullopt) << "back to now";
     store.startTyping("9");

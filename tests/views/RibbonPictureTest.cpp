@@ -209,7 +209,7 @@ class Reading {
         const Rgb colour = over(theme_.fair, store_.proposal() ? 0.45 : 1, theme_.tint);
         const double left = 342 + 32.0 * fair - 2 + shift_;
         if (!shown) {
-            const auto found = picture_.across(theme_.fair, besideCells(), 330, 1120);
+            const auto found = picture_.across(theme_.fair, besideCells(), 330, 1190);
             EXPECT_EQ(found.first, found.second);
             return;
         }
@@ -321,8 +321,8 @@ std::vector<Situation> situations() {
          .now = "2026-03-18 20:20",
          .prepare = [](Store& store) { store.jumpToFairest(); }},
         {.name = "rolling, the fairest hour out of sight",
-         .config = rolling(threePlaces()),
-         .now = "2026-03-18 20:20"},
+         .config = rolling(one),  // at eight in the morning, two hours beyond the strip
+         .now = "2026-03-18 19:20"},
         {.name = "half-hour zone", .config = withZone("Pune", "Asia/Kolkata")},
         {.name = "quarter-hour zone",
          .config = withZone("Kathmandu", "Asia/Kathmandu"),
