@@ -18,4 +18,4 @@ END
 chmod +x "$folder/noonward"
 seed="${2:-$RANDOM}"
 echo "seed $seed"
-build/release/tests/live/soak "${1:-10}" "$seed" "$folder/noonward"
+build/release/tools/soak/soak "${1:-10}" "$seed" "$folder/noonward"

@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 scripts/build.sh release >&2
 seed="${2:-$RANDOM}"
 echo "seed $seed"
-build/release/tests/live/soak "${1:-60}" "$seed" | tee build/release/soak.log
+build/release/tools/soak/soak "${1:-60}" "$seed" | tee build/release/soak.log
 awk '
     function mean(from, to, sum, i) {
         for (i = from + 1; i <= to; ++i) sum += kept[longest, i]

@@ -92,6 +92,11 @@ TEST_F(Snapshot, DrawsTheRibbonAndTouchesNothing) {
     EXPECT_EQ(contents(data()), before);
 }
 
+TEST_F(Snapshot, NamesADisplayThatCannotBeOpened) {
+    EXPECT_EQ(run({{"DISPLAY", ":4711"}}), 1);
+    EXPECT_EQ(said_, "noonward: the X display \":4711\" cannot be opened\n");
+}
+
 TEST_F(Snapshot, ReadsTheOlderFileWhereItLies) {
     writeText(home() / ".config" / "zones" / "places.json", twoPlaces);
     EXPECT_EQ(run({{"NOONWARD_SNAPSHOT", picture("a.png")}}), 0);
