@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QWidget>
 #include <algorithm>
+#include <functional>
 
 #include "platform/linux/X11PressesElsewhere.h"
 #include "support/OtherClient.h"
@@ -48,6 +49,20 @@ class X11WindowSystemTest : public testing::Test {
             if (from == children.end()) return false;
         }
         return true;
+    }
+
+    /// Does something in another program, and all that the event it makes here asks for at once.
+    void answer(const std::function<bool(const xcb_generic_event_t&, std::uint8_t)>& isIt,
+                const std::function<void()>& act) {
+        bool seen = false;
+        const auto watch = x11->onEvent([&](const xcb_generic_event_t& event, std::uint8_t type) {
+            seen = seen || isIt(event, type);
+        });
+        act();
+        EXPECT_TRUE(eventually([&] { return seen; }));
+        for (int turn = 0; turn < 3; ++turn)
+            QCoreApplication::processEvents();
+        sync(*x11);
     }
 
     bool hasKeys(xcb_window_t window) {
@@ -107,14 +122,14 @@ TEST_F(X11WindowSystemTest, LeavesWhatOthersPutInFrontOnPurpose) {
 TEST_F(X11WindowSystemTest, GivesWayToNobodyForEverInAQuarrel) {
     show(panel);
     const xcb_window_t rival = other.show(where);
+    EXPECT_TRUE(eventually([&] { return areInOrder({rival, idOf(panel)}); }));
+    const auto isRaised = [&](const xcb_generic_event_t& event, std::uint8_t type) {
+        return type == XCB_CONFIGURE_NOTIFY &&
+               as<xcb_configure_notify_event_t>(event).window == rival;
+    };
     int rounds = 0;
     for (; rounds < 100; ++rounds) {
-        other.raise(rival);
-        EXPECT_TRUE(areInOrder({idOf(panel), rival}));
-        for (int turn = 0; turn < 10 && !areInOrder({rival, idOf(panel)}); ++turn) {
-            sync(*x11);
-            QCoreApplication::processEvents();
-        }
+        answer(isRaised, [&] { other.raise(rival); });
         if (areInOrder({idOf(panel), rival})) break;
     }
     EXPECT_GT(rounds, 5);
@@ -246,14 +261,14 @@ TEST_F(X11WindowSystemTest, FetchesTheKeysOnlyWhenTheyFollowThePointer) {
     windows.giveKeysBack(panel);
     windows.takeKeys(panel);
     ASSERT_TRUE(hasKeys(idOf(panel)));
+    const auto hasLeft = [](const xcb_generic_event_t&, std::uint8_t type) {
+        return type == XCB_FOCUS_OUT;
+    };
     int fetched = 0;
     for (; fetched < 40; ++fetched) {
-        cross();
-        for (int turn = 0; turn < 20 && other.focused() != idOf(panel); ++turn) {
-            sync(*x11);
-            QCoreApplication::processEvents();
-        }
+        answer(hasLeft, cross);
         if (other.focused() != idOf(panel)) break;
+        EXPECT_TRUE(eventually([this] { return panel.isActiveWindow(); }));
     }
     EXPECT_GT(fetched, 0);
     EXPECT_LT(fetched, 40) << "it is crossed for ever";
