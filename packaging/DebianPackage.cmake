@@ -31,12 +31,13 @@ string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS
   fonts-dejavu-core
   hicolor-icon-theme
   tzdata)
-# Loaded with the first sound; and the desktop's colour scheme and keys inside Wayland. The last
-# is for https, by which public holidays come.
+# For https, by which public holidays come; loaded with the first sound; Qt's plugin to be a Wayland
+# client; the desktop's colour scheme, and keys inside Wayland.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
   ca-certificates
   libcanberra-pulse
   libcanberra0
+  qt6-wayland
   xdg-desktop-portal)
 
 include(CPack)

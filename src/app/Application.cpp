@@ -13,10 +13,10 @@
 #include "app/Snapshot.h"
 #include "kit/Accessibility.h"
 #include "platform/HttpsClient.h"
+#include "platform/LinuxDesktop.h"
 #include "platform/MainQueue.h"
 #include "platform/QtScreens.h"
 #include "platform/Session.h"
-#include "platform/linux/LinuxDesktop.h"
 #include "reference/GazetteerGeocoder.h"
 #include "views/theme/Fonts.h"
 #include "views/theme/WidgetLook.h"
@@ -51,8 +51,7 @@ void sayNothing(QtMsgType type, const QMessageLogContext&, const QString& messag
 // The one thing that Qt cannot go on after while it starts; it would speak of reinstalling.
 void sayThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg) return;
-    std::fprintf(stderr, "noonward: the X display \"%s\" cannot be opened\n",
-                 environmentVariable("DISPLAY").value_or("").c_str());
+    std::fprintf(stderr, "noonward: the %s cannot be opened\n", LinuxDesktop::display().c_str());
     std::_Exit(1);
 }
 
@@ -82,8 +81,10 @@ int renderPictures(char** argv, const Demonstration& demonstration) {
 }
 
 int live(char** argv) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    LinuxDesktop::prepare();
+    if (const std::string missing = LinuxDesktop::prepare(); !missing.empty()) {
+        std::fprintf(stderr, "noonward: %s\n", missing.c_str());
+        return 1;
+    }
     QApplication::setStyle(makeWidgetStyle());
     int noArguments = argv[0] ? 1 : 0;
     qInstallMessageHandler(sayThatThereIsNoDisplay);
@@ -120,10 +121,6 @@ int run(char** argv) {
     qInstallMessageHandler(sayNothing);
     if (const auto demonstration = Demonstration::from(environmentVariable)) {
         return renderPictures(argv, *demonstration);
-    }
-    if (environmentVariable("DISPLAY").value_or("").empty()) {
-        std::fputs("noonward: there is no X display to open (DISPLAY is not set)\n", stderr);
-        return 1;
     }
     return live(argv);
 }

@@ -54,7 +54,7 @@ class PortalHotKeysTest : public testing::Test {
     SessionBus bus{daemon.address()};
     Portal portal{daemon.address()};
     FakeHotKeys otherwise;
-    PortalHotKeys keys{bus, otherwise};
+    PortalHotKeys keys{bus, &otherwise};
     int presses = 0;
 };
 
@@ -167,7 +167,7 @@ TEST_F(PortalHotKeysTest, WithoutThePortalsConsentTheKeyIsTakenOtherwise) {
     };
     for (const auto& refusal : refusals) {
         FakeHotKeys own;
-        PortalHotKeys refused(bus, own);
+        PortalHotKeys refused(bus, &own);
         int told = 0;
         portal.start();
         portal.asked.clear();
@@ -230,7 +230,7 @@ TEST(PortalHotKeysWithoutBusTest, TheKeyIsTakenOtherwiseAtOnce) {
     for (const auto outcome : {HotKeys::Outcome::registered, HotKeys::Outcome::taken}) {
         FakeHotKeys otherwise;
         otherwise.outcome = outcome;
-        PortalHotKeys keys(none, otherwise);
+        PortalHotKeys keys(none, &otherwise);
         int presses = 0;
         const auto pressed = [&](std::uint32_t) { ++presses; };
         EXPECT_EQ(keys.registerKey(17, controlOption, 1, pressed), outcome);

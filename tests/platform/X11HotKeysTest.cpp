@@ -1,4 +1,4 @@
-#include "platform/linux/X11HotKeys.h"
+#include "platform/x11/X11HotKeys.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/X11Keyboard.h"
+#include "platform/x11/X11Keyboard.h"
 
 #include <gtest/gtest.h>
 

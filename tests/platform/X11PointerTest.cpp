@@ -1,4 +1,4 @@
-#include "platform/linux/X11Pointer.h"
+#include "platform/x11/X11Pointer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/X11PressesElsewhere.h"
+#include "platform/x11/X11PressesElsewhere.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/X11Screens.h"
+#include "platform/x11/X11Screens.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/X11WindowSystem.h"
+#include "platform/x11/X11WindowSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "platform/linux/X11PressesElsewhere.h"
+#include "platform/x11/X11PressesElsewhere.h"
 #include "support/OtherClient.h"
 #include "support/Wait.h"
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/X11.h"
+#include "platform/x11/X11.h"
 
 namespace noonward::test {
 

@@ -26,7 +26,7 @@ struct PortalHotKeys::Key {
     std::unique_ptr<PortalShortcut> shortcut = nullptr;
 };
 
-PortalHotKeys::PortalHotKeys(SessionBus& bus, HotKeys& otherwise)
+PortalHotKeys::PortalHotKeys(SessionBus& bus, HotKeys* otherwise)
     : bus_(bus), otherwise_(otherwise) {}
 
 HotKeys::Outcome PortalHotKeys::registerKey(int keyCode, std::uint32_t modifiers, std::uint32_t id,
@@ -51,12 +51,13 @@ HotKeys::Outcome PortalHotKeys::registerKey(int keyCode, std::uint32_t modifiers
 // It stays taken for the rest of the process, but counts only while the compositor tells nothing:
 // one press is one.
 HotKeys::Outcome PortalHotKeys::takeOtherwise(const std::shared_ptr<Key>& key) {
+    if (!otherwise_) return Outcome::unavailable;
     if (key->isTakenOtherwise) return Outcome::registered;
     const auto pressed = [held = std::weak_ptr(key)](std::uint32_t id) {
         const auto known = held.lock();
         if (known && !(known->shortcut && known->shortcut->isBound())) known->pressed(id);
     };
-    const Outcome outcome = otherwise_.registerKey(key->keyCode, key->modifiers, key->id, pressed);
+    const Outcome outcome = otherwise_->registerKey(key->keyCode, key->modifiers, key->id, pressed);
     key->isTakenOtherwise = outcome == Outcome::registered;
     return outcome;
 }

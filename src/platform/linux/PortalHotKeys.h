@@ -13,9 +13,11 @@ namespace noonward {
 /// taken from the X server after all: better in some windows than in none.
 class PortalHotKeys final : public HotKeys {
  public:
-    PortalHotKeys(SessionBus& bus, HotKeys& otherwise);  ///< which must outlive this object
+    /// `otherwise` is null without an X server. Both must outlive this object.
+    PortalHotKeys(SessionBus& bus, HotKeys* otherwise);
 
-    /// `registered` as soon as the compositor is asked; without a bus, what comes of the X server.
+    /// `registered` as soon as the compositor is asked; without a bus, what comes of the X server,
+    /// or `unavailable`.
     Outcome registerKey(int keyCode, std::uint32_t modifiers, std::uint32_t id,
                         std::function<void(std::uint32_t id)> pressed) override;
 
@@ -24,7 +26,7 @@ class PortalHotKeys final : public HotKeys {
     Outcome takeOtherwise(const std::shared_ptr<Key>& key);
 
     SessionBus& bus_;
-    HotKeys& otherwise_;
+    HotKeys* otherwise_;
     std::vector<std::shared_ptr<Key>> keys_;
 };
 
