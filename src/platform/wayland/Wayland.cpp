@@ -73,12 +73,13 @@ bool Wayland::has(const wl_interface& interface) const {
                        [&](const auto& entry) { return entry.second.interface == interface.name; });
 }
 
-wl_proxy* Wayland::bindProxy(const wl_interface& interface, std::uint32_t version) const {
+wl_proxy* Wayland::bindProxy(const wl_interface& interface, std::uint32_t version,
+                             wl_event_queue* queue) const {
     for (const auto& [name, global] : globals_) {
         if (global.interface != interface.name) continue;
         auto* proxy = static_cast<wl_proxy*>(
             wl_registry_bind(registry_, name, &interface, std::min(version, global.version)));
-        wl_proxy_set_queue(proxy, nullptr);
+        wl_proxy_set_queue(proxy, queue);
         return proxy;
     }
     return nullptr;

@@ -38,10 +38,11 @@ class Wayland final {
 
     bool has(const wl_interface& interface) const;
     /// A new object for what the compositor offers under that name, of that version at most; null
-    /// where it does not offer it. Its events come by Qt's event loop.
+    /// where it does not offer it. Its events come by Qt's event loop, or wait in a queue.
     template <typename T>
-    T* bind(const wl_interface& interface, std::uint32_t version) const {
-        return reinterpret_cast<T*>(bindProxy(interface, version));
+    T* bind(const wl_interface& interface, std::uint32_t version,
+            wl_event_queue* queue = nullptr) const {
+        return reinterpret_cast<T*>(bindProxy(interface, version, queue));
     }
 
     /// Events wait in this queue until `roundTrip`.
@@ -58,7 +59,8 @@ class Wayland final {
     struct Listener;
 
     explicit Wayland(wl_display* display);
-    wl_proxy* bindProxy(const wl_interface& interface, std::uint32_t version) const;
+    wl_proxy* bindProxy(const wl_interface& interface, std::uint32_t version,
+                        wl_event_queue* queue) const;
 
     wl_display* display_;
     wl_event_queue* queue_;

@@ -7,6 +7,9 @@
 #include <QWidget>
 #include <QWindow>
 #include <chrono>
+#include <utility>
+
+#include "platform/wayland/FullScreenPrograms.h"
 
 namespace noonward {
 namespace {
@@ -94,8 +97,10 @@ void WaylandWindowSystem::blur(QWindow& window, Blur& blur) {
 
 void WaylandWindowSystem::takeKeys(QWidget& widget) {
     QWindow* window = widget.windowHandle();
-    if (keys_ != window) hadKeys_ = false;
-    keys_ = window;
+    if (std::exchange(keys_, window) != window) {
+        hadKeys_ = false;
+        layers_.setAboveFullScreen(isScreenFilled(wayland_));
+    }
     layers_.setKeys(*window, true);
 }
 
@@ -106,6 +111,7 @@ void WaylandWindowSystem::giveKeysBack(QWidget& widget) {
     hadKeys_ = false;
     settling_.stop();
     layers_.setKeys(*widget.windowHandle(), false);
+    layers_.setAboveFullScreen(false);
 }
 
 // Nothing else tells of what the user does elsewhere by key.
