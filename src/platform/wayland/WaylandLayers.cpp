@@ -18,13 +18,13 @@ namespace {
 
 constexpr std::uint32_t newestKnown = 4;  // of the protocol's versions
 constexpr std::uint32_t sinceSetLayer = 2;
-constexpr std::uint32_t sinceOnDemand = 4;
 constexpr int mostRounds = 8;
 constexpr const char* purpose = "noonward";  // by which users make rules for them
 
+// "On demand", which a click elsewhere would end, some compositors take back at once, and others
+// never grant. What stands for the click is `WaylandPressesElsewhere`.
 constexpr auto noKeys = ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE;
 constexpr auto allKeys = ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE;
-constexpr auto keysOnDemand = ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND;
 
 // To Qt an empty region is the whole window.
 const QRegion nowhere(-2, -2, 1, 1);
@@ -49,7 +49,7 @@ struct WaylandLayers::Surface {
     wl_output* output;
     zwlr_layer_surface_v1* role = nullptr;
     Kind kind = Kind::window;
-    std::uint32_t keys = noKeys;
+    bool hasKeys = false;
     std::uint32_t layer = 0;
     QRect at;
     bool configured = false;
@@ -66,9 +66,9 @@ struct WaylandLayers::Surface {
         at = geometry;
     }
 
-    void setKeys(std::uint32_t mode) {
-        keys = mode;
-        zwlr_layer_surface_v1_set_keyboard_interactivity(role, mode);
+    void setKeys(bool wanted) {
+        hasKeys = wanted;
+        zwlr_layer_surface_v1_set_keyboard_interactivity(role, wanted ? allKeys : noKeys);
     }
 
     static void configure(void* self, zwlr_layer_surface_v1* role, std::uint32_t serial,
@@ -129,8 +129,8 @@ void WaylandLayers::setKeys(QWindow& window, bool wanted) {
     kept->second.keys = wanted;
     const auto shown = surfaces_.find(&window);
     if (shown == surfaces_.end()) return;
-    if (wanted && QGuiApplication::focusWindow() == &window) return;
-    shown->second->setKeys(wanted ? allKeys : noKeys);
+    if (shown->second->hasKeys == wanted) return;
+    shown->second->setKeys(wanted);
     wl_surface_commit(shown->second->surface);
 }
 
@@ -187,9 +187,6 @@ bool WaylandLayers::eventFilter(QObject* receiver, QEvent* event) {
         case QEvent::Resize:
             follow(window);
             break;
-        case QEvent::FocusIn:
-            settleKeys(window);
-            break;
         default:
             break;
     }
@@ -226,7 +223,7 @@ void WaylandLayers::show(QWindow& window, const Kept& kept) {
     zwlr_layer_surface_v1_set_exclusive_zone(shown->role, -1);  // over bars, not beside them
     // A menu at a window that does not have the keys needs them itself.
     const bool isMenu = kept.kind == Kind::popup && window.type() == Qt::Popup;
-    if (kept.keys || (isMenu && !haveKeys())) shown->setKeys(allKeys);
+    if (kept.keys || (isMenu && !haveKeys())) shown->setKeys(true);
     shown->place(window.geometry());
     wl_surface_commit(surface);
     Surface& placed = *surfaces_.emplace(&window, std::move(shown)).first->second;
@@ -254,16 +251,6 @@ void WaylandLayers::follow(QWindow& window) {
     surface.place(window.geometry());
     wl_surface_commit(surface.surface);
     changes_.announce();
-}
-
-// Only to fetch them were all keys wanted: once they are here, others may have them at a click.
-void WaylandLayers::settleKeys(QWindow& window) {
-    const auto shown = surfaces_.find(&window);
-    if (shown == surfaces_.end() || shown->second->keys != allKeys) return;
-    if (wl_proxy_get_version(reinterpret_cast<wl_proxy*>(shown->second->role)) < sinceOnDemand)
-        return;
-    shown->second->setKeys(keysOnDemand);
-    wl_surface_commit(shown->second->surface);
 }
 
 void WaylandLayers::drop(QWindow& window) {

@@ -72,7 +72,6 @@ class WaylandLayers final : public QObject {
     void takePopup(QWidget& widget);
     void show(QWindow& window, const Kept& kept);
     void follow(QWindow& window);
-    void settleKeys(QWindow& window);
     void drop(QWindow& window);
     void showAnew(QWindow& window, bool again);
     std::uint32_t layerOf(Kind kind) const;
