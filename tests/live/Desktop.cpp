@@ -14,48 +14,6 @@ std::vector<std::string> xServer(const std::string& readyEnd) {
             "1600x900x24", "-nolisten",  "tcp",    "-noreset"};
 }
 
-// A place without clock changes, and far from midnight: what is shown does not change its day
-// while a test looks on.
-struct Home {
-    const char* label;
-    const char* zone;
-};
-Home home() {
-    constexpr Home greenwich{"Reykjavik", "Atlantic/Reykjavik"};
-    constexpr Home ahead{"Dubai", "Asia/Dubai"};
-    const std::time_t hour = std::time(nullptr) / 3600 % 24;
-    return hour == 23 || hour == 0 ? ahead : greenwich;
-}
-
-nlohmann::json usualConfig() {
-    return {{"welcomed", true},
-            {"clickSound", false},
-            {"appearance", "dark"},
-            {"favourites", {home().label, "New York"}},
-            {"homeZones", {home().zone}},
-            {"places",
-             {{{"label", home().label},
-               {"short", "HOM"},
-               {"zone", home().zone},
-               {"home", true},
-               {"holidays", false}},
-              {{"label", "New York"},
-               {"short", "NYC"},
-               {"zone", "America/New_York"},
-               {"holidays", false}}}}};
-}
-
-std::string outputOf(const std::string& command) {
-    std::string result;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return result;
-    std::array<char, 65536> buffer{};
-    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        result.append(buffer.data(), got);
-    ::pclose(pipe);
-    return result;
-}
-
 Clock readClock(const std::string& line) {
     static const std::string days = "SunMonTueWedThuFriSat";
     std::array<char, 64> place{};
@@ -73,21 +31,12 @@ Clock readClock(const std::string& line) {
 }  // namespace
 
 Desktop::Desktop() : server(xServer) {
+    announced["DISPLAY"] = display;
     const std::uint32_t pixel = wallpaper;
     xcb_change_window_attributes(other.connection(), other.root(), XCB_CW_BACK_PIXEL, &pixel);
     xcb_clear_area(other.connection(), false, other.root(), 0, 0, 0, 0);
     other.sync();
     moveAway();
-    configure({});
-}
-
-void Desktop::TearDown() {
-    if (!program) return;
-    if (!program->status()) {
-        program->signal(SIGTERM);
-        EXPECT_EQ(exitStatus(), 0);
-    }
-    EXPECT_EQ(readText(folder / "output"), "");
 }
 
 // ---- around the program ----
@@ -112,20 +61,6 @@ void Desktop::furnish(Surroundings surroundings) {
     other.destroy(scout);
 }
 
-std::map<std::string, std::string> Desktop::environment() const {
-    std::map<std::string, std::string> result = announced;
-    result.merge(std::map<std::string, std::string>{
-        {"DISPLAY", display},
-        {"DBUS_SESSION_BUS_ADDRESS", bus.address().toStdString()},
-        {"DBUS_SYSTEM_BUS_ADDRESS", bus.address().toStdString()},
-        {"HOME", folder.path()},
-        {"LANG", "C.UTF-8"},
-        {"PATH", "/usr/bin:/bin"},
-        {"TZ", home().zone},
-        {"XDG_DATA_HOME", folder / "data"}});
-    return result;
-}
-
 void Desktop::launch() {
     program = startCopy();
     seeStarted();
@@ -134,21 +69,6 @@ void Desktop::launch() {
 void Desktop::seeStarted() {
     see("the program at the notch", [this] { return isTrapLaid() || program->status(); });
     sight.shown();
-}
-
-std::unique_ptr<Process> Desktop::startCopy() {
-    return std::make_unique<Process>(std::vector<std::string>{programFile}, environment(),
-                                     folder / "output");
-}
-
-int Desktop::exitStatus() {
-    return exitStatus(*program);
-}
-
-int Desktop::exitStatus(Process& process) {
-    see("the program's end", [&] { return process.status(); });
-    const int status = *process.status();
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 xcb_window_t Desktop::showOther(const QRect& at) {
@@ -162,35 +82,10 @@ xcb_window_t Desktop::showOther(const QRect& at) {
     return window;
 }
 
-void Desktop::sendOnBus(std::vector<std::string> words) {
-    words.insert(words.begin(), {"dbus-send", "--bus=" + bus.address().toStdString()});
-    Process sender(words);
-    EXPECT_EQ(exitStatus(sender), 0);
-}
-
-void Desktop::sendSignal(const std::string& member) {
-    sendOnBus({"--type=signal", "/from/anywhere", "com.ostrelmead.noonward." + member});
-}
-
 bool Desktop::xrandr(std::vector<std::string> words) {
     words.insert(words.begin(), {"xrandr", "-display", display});
     Process process(words);
     return exitStatus(process) == 0;
-}
-
-nlohmann::json Desktop::config() const {
-    nlohmann::json whole;
-    until([&] {
-        whole = nlohmann::json::parse(readText(configFile()), nullptr, false);
-        return whole.is_object();
-    });
-    return whole;
-}
-
-void Desktop::configure(const nlohmann::json& changes) {
-    auto whole = usualConfig();
-    whole.update(changes.is_null() ? nlohmann::json::object() : changes);
-    writeText(configFile(), whole.dump());
 }
 
 // ---- what a user does ----
@@ -262,40 +157,25 @@ std::optional<QRect> Desktop::menu() {
 
 bool Desktop::isExpanded() {
     const auto frame = cap();
-    if (!frame) return false;
-    const int middle = frame->center().y();
-    const QSize ear(70, 16);
-    return sight.colour({frame->left() + 14, middle}) == 0 &&
-           sight.colour({frame->right() - 14, middle}) == 0 &&
-           sight.isBright({{frame->left() + 21, 4}, ear}, 200) &&
-           sight.isBright({{frame->right() - 21 - ear.width(), 4}, ear}, 200);
+    return frame && Session::isExpanded(sight, *frame);
 }
 
-// Its stripe in five colours, in place.
 std::optional<QRect> Desktop::seenPanel() {
     const auto frame = panel();
-    if (!frame) return frame;
-    int i = 0;
-    for (const std::uint32_t colour : {0x004165U, 0x0094b3U, 0xaa272fU, 0xff6d22U, 0x636467U}) {
-        const int x = frame->left() + frame->width() * (2 * i++ + 1) / 10;
-        if (sight.colour({x, frame->top() + 3}) != colour) return std::nullopt;
-    }
-    return frame;
+    return frame && isStriped(sight, *frame) ? frame : std::nullopt;
 }
 
 bool Desktop::isTrapLaid() {
     return sight.isTrapAt(trap);
 }
 
-void Desktop::miss(const std::string& what) {
+std::string Desktop::situation() {
     std::ostringstream text;
-    text << what << " does not come about; on the screen:";
     for (const auto& [id, frame] : sight.windows())
         text << " [" << frame.x() << ' ' << frame.y() << ' ' << frame.width() << ' '
              << frame.height() << ']';
     if (isTrapLaid()) text << " and the wait at the notch";
-    text << "; saved: " << readText(configFile());
-    throw std::runtime_error(text.str());
+    return text.str();
 }
 
 }  // namespace noonward::test

@@ -1,22 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <map>
-#include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "live/Hand.h"
-#include "live/Sight.h"
-#include "support/PrivateBus.h"
-#include "support/Process.h"
+#include "live/Session.h"
+#include "live/X11Hand.h"
+#include "live/X11Sight.h"
 #include "support/ServerProcess.h"
-#include "support/TempFolder.h"
 
 namespace noonward::test {
 
@@ -29,13 +20,10 @@ struct Clock {
     int minutes;  ///< since the week began
 };
 
-/// The program as it is started on a desktop, with an X server and a message bus of its own and
-/// nobody else's settings. A step that does not come about ends the test.
-class Desktop : public testing::Test {
+/// The session of an X server.
+class Desktop : public Session {
  protected:
     Desktop();
-    /// The program ends when it is asked to, and has never said anything.
-    void TearDown() override;
 
     // ---- around the program ----
 
@@ -44,27 +32,10 @@ class Desktop : public testing::Test {
     void launch();
     /// Waits until the program watches the notch, or has ended.
     void seeStarted();
-    /// What the programs that it starts find in their environment beside the usual.
-    std::map<std::string, std::string> announced;
-    std::map<std::string, std::string> environment() const;
-    /// Starts a copy of it, and waits for nothing.
-    std::unique_ptr<Process> startCopy();
-    /// Its exit status; the number of the signal that killed it, negative.
-    int exitStatus();
-    int exitStatus(Process& process);
     /// Another program's window, with the keyboard.
     xcb_window_t showOther(const QRect& at = {100, 500, 400, 300});
-    /// Sends something on the bus, in the words of dbus-send.
-    void sendOnBus(std::vector<std::string> words);
-    void sendSignal(const std::string& member);
     /// Sets monitors up as the tool of that name does; whether it could.
     bool xrandr(std::vector<std::string> words);
-
-    std::filesystem::path configFile() const { return folder / "data/Noonward/places.json"; }
-    /// What is saved. It is written in place: a look that falls into that is taken again.
-    nlohmann::json config() const;
-    /// Writes the file before the program reads it.
-    void configure(const nlohmann::json& changes);
 
     // ---- what a user does ----
 
@@ -115,53 +86,17 @@ class Desktop : public testing::Test {
         return {left + 1196 - 28 - 16 - 60, top + 6 + 40 + 120 + 18 + 25};
     }
 
-    /// Waits for something that is to come about; its name is for when it does not.
-    template <typename Condition>
-    void see(const std::string& what, Condition condition) {
-        if (!until(condition)) miss(what);
-    }
-    template <typename Condition>
-    static bool until(Condition condition) {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-        while (!condition()) {
-            if (std::chrono::steady_clock::now() > end) return false;
-            std::this_thread::sleep_for(std::chrono::milliseconds(4));
-        }
-        return true;
-    }
-    /// Whether it is so all the time, for things that would soon be seen if they came.
-    template <typename Condition>
-    static bool staysFor(std::chrono::milliseconds time, Condition condition) {
-        const auto end = std::chrono::steady_clock::now() + time;
-        while (std::chrono::steady_clock::now() < end) {
-            if (!condition()) return false;
-            std::this_thread::sleep_for(std::chrono::milliseconds(4));
-        }
-        return true;
-    }
-
     /// Where the program waits for the pointer, in pixels.
     QRect trap{700, -6, 200, 32};
 
-    static constexpr std::uint32_t wallpaper = 0x336699;
-    static constexpr QPoint notch{800, 12};
-    static constexpr QPoint nowhere{1500, 850};
-    static constexpr int left = 202;  // of the panel
-    static constexpr int top = 24;
-    static constexpr int settingsHeight = 546;
-
-    TempFolder folder;
     ServerProcess server;
-    PrivateBus bus;
     const std::string display = ":" + server.line();
-    Hand hand{display.c_str()};
-    Sight sight{display.c_str()};
+    X11Hand hand{display.c_str()};
+    X11Sight sight{display.c_str()};
     OtherClient other{display.c_str()};
-    std::string programFile = NOONWARD_PROGRAM;
-    std::unique_ptr<Process> program;
 
  private:
-    [[noreturn]] void miss(const std::string& what);
+    std::string situation() override;
 
     xcb_window_t clipboardWindow_ = XCB_WINDOW_NONE;
     std::optional<Process> companion_;

@@ -1,22 +1,21 @@
 #pragma once
 
-#include <chrono>
+#include <QPoint>
 #include <cstdint>
-#include <string>
 #include <string_view>
-
-#include "support/OtherClient.h"
+#include <vector>
 
 namespace noonward::test {
 
-/// The hand at mouse and keyboard. What it does in one call, the server paces: a busy computer
-/// makes nothing of it slower or faster.
-class Hand final : public OtherClient {
+/// The hand at mouse and keyboard.
+class Hand {
  public:
-    explicit Hand(const char* display);
+    virtual ~Hand() = default;
 
-    /// Moves the pointer there and, so much later, on to the other place.
-    void pass(QPoint by, std::chrono::milliseconds stay, QPoint to);
+    virtual void movePointer(QPoint to) = 0;
+    virtual void press(std::uint8_t button) = 0;
+    virtual void release(std::uint8_t button) = 0;
+    void click(std::uint8_t button = 1);
     void clickAt(QPoint at, std::uint8_t button = 1);
     void drag(QPoint from, QPoint to);
 
@@ -24,20 +23,21 @@ class Hand final : public OtherClient {
     void key(std::string_view name);
     /// Plain text of ASCII, a millisecond between one stroke and the next.
     void type(std::string_view text);
-    /// The key with that name on it.
-    xcb_keycode_t codeOf(std::string_view name) const { return find(name).code; }
+    /// The key with that name on it, by its number in XKB.
+    std::uint8_t codeOf(std::string_view name) { return find(name).code; }
 
- private:
+ protected:
     struct Place {
-        xcb_keycode_t code;
+        std::uint8_t code;
         bool shifted;
     };
-    Place find(std::string_view name) const;
-    void fake(std::uint8_t type, std::uint8_t detail, std::uint32_t delay, QPoint at = {});
-    void stroke(const std::vector<xcb_keycode_t>& codes, std::uint32_t delay);
+    /// Where a key symbol is; throws when it is on no key.
+    virtual Place findSymbol(std::uint32_t symbol) = 0;
+    /// Presses the keys, each so many milliseconds after what came before it, and lets them go.
+    virtual void stroke(const std::vector<std::uint8_t>& codes, std::uint32_t delay) = 0;
 
-    Reply<xcb_get_keyboard_mapping_reply_t> mapping_;
-    xcb_keycode_t first_;
+ private:
+    Place find(std::string_view name);
 };
 
 }  // namespace noonward::test

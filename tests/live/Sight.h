@@ -1,48 +1,24 @@
 #pragma once
 
-#include <QPoint>
 #include <QRect>
 #include <cstdint>
-#include <optional>
-#include <string>
 #include <vector>
-
-#include "support/OtherClient.h"
 
 namespace noonward::test {
 
-/// What somebody in front of the screen sees of the program: its windows, and pixels.
+/// What somebody in front of the screen sees.
 class Sight {
  public:
-    explicit Sight(const char* display);
-
-    struct Window {
-        xcb_window_t id;
-        QRect frame;  ///< where the pointer can meet it; its shadow lies outside
-    };
-    /// The program's windows that are on the screen, from back to front. What it lays there to
-    /// notice the pointer is none.
-    std::vector<Window> windows();
-    /// How many of them have been shown since the last call.
-    int shown();
-
-    /// Whether something lies there that takes the pointer and is nobody's window.
-    bool isTrapAt(const QRect& where);
+    virtual ~Sight() = default;
 
     /// 0xRRGGBB; black off the screen
     std::uint32_t colour(QPoint at);
     /// Whether there is anything at least that bright.
     bool isBright(const QRect& where, std::uint8_t least);
 
-    xcb_window_t focused() { return client_.focused(); }
-    bool isViewable(xcb_window_t window);
-
- private:
-    bool isProgram(xcb_window_t window);
-    QRect inputFrame(xcb_window_t window, const QRect& geometry);
-    std::optional<QRect> geometry(xcb_window_t window);
-
-    OtherClient client_;
+ protected:
+    /// Four bytes a pixel: blue, green, red and another; nothing where any of it is off the screen.
+    virtual std::vector<std::uint8_t> pixels(const QRect& where) = 0;
 };
 
 }  // namespace noonward::test
