@@ -17,12 +17,14 @@ class PrivateBus {
 
  private:
     std::vector<std::string> command(const std::string& readyEnd) {
+        // Compositors run as another user, and may be on it.
+        std::filesystem::permissions(folder_.path(), std::filesystem::perms(0711));
         writeText(folder_ / "bus.conf", R"(<busconfig>
   <type>session</type>
   <listen>unix:dir=)" + folder_.path().string() +
                                             R"(</listen>
   <policy context="default">
-    <allow send_destination="*"/> <allow receive_sender="*"/> <allow own="*"/>
+    <allow user="*"/> <allow send_destination="*"/> <allow receive_sender="*"/> <allow own="*"/>
   </policy>
 </busconfig>)");
         return {"dbus-daemon",
