@@ -57,7 +57,7 @@ void Hover::watch() {
 void Hover::waitAtTheNotch() {
     ticks_.reset();
     dwell_ = 0;
-    pointer_.waitFor(hoverZone(windows_.notch()), lifetime_.weakly([this] { watch(); }));
+    pointer_.waitFor(windows_.hoverZone(), lifetime_.weakly([this] { watch(); }));
 }
 
 void Hover::tick() {
@@ -78,7 +78,7 @@ void Hover::tickExpanded() {
 }
 
 void Hover::tickFolded() {
-    if (!holds(hoverZone(windows_.notch()), pointer_.position())) {
+    if (!holds(windows_.hoverZone(), pointer_.position())) {
         waitAtTheNotch();
     } else if (++dwell_ >= ticksToExpand) {
         dwell_ = 0;

@@ -7,6 +7,7 @@ namespace {
 
 constexpr double usualWidth = 184;
 constexpr double leastHeight = 24;
+constexpr double edge = 2;
 
 // Desktops give the strips in the screen's coordinates or in their own. Where both would be
 // possible they are the screen's.
@@ -40,8 +41,9 @@ std::optional<Notch> findNotch(const std::vector<Screen>& screens,
     return atTopCentre(main->frame, statusBarThickness);
 }
 
-QRectF hoverZone(const QRectF& notch) {
-    return notch.adjusted(-8, -6, 8, 2);
+QRectF hoverZone(const QRectF& notch, bool overOwnClock) {
+    const double below = overOwnClock ? edge - notch.height() : 2;
+    return notch.adjusted(-8, -6, 8, below);
 }
 
 QRectF stayZone(const QRectF& cap) {

@@ -21,8 +21,9 @@ struct Notch {
 std::optional<Notch> findNotch(const std::vector<Screen>& screens,
                                const std::optional<Screen>& main, double statusBarThickness);
 
-/// Where the pointer must rest for the notch to open.
-QRectF hoverZone(const QRectF& notch);
+/// Where the pointer must rest for the notch to open. Over a clock of the desktop's own that is the
+/// topmost edge alone, and the rest of it stays the desktop's.
+QRectF hoverZone(const QRectF& notch, bool overOwnClock = false);
 
 /// Where the pointer may be without the notch folding back, given the frame of its window.
 QRectF stayZone(const QRectF& cap);

@@ -56,6 +56,7 @@ void PanelWindows::findNotch() {
     if (const auto found =
             noonward::findNotch(screens.all(), screens.main(), screens.statusBarThickness())) {
         notch_ = found->rect;
+        overOwnClock_ = screens.hasOwnClock();
         screen_ = found->screen;
     }
     services_.ui.notchWidth = notch_.width();

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/Lifetime.h"
+#include "app/Notch.h"
 #include "base/Published.h"
 
 namespace kit {
@@ -51,6 +52,8 @@ class PanelWindows {
     /// Looks for the notch anew. Without any screen it stays where it was.
     void findNotch();
     const QRectF& notch() const { return notch_; }  ///< desktop points
+    /// Where the pointer must rest for it to open; desktop points.
+    QRectF hoverZone() const { return noonward::hoverZone(notch_, overOwnClock_); }
     /// Announces that the notch has been looked for.
     Announcer& notchFound() { return notchFound_; }
 
@@ -92,6 +95,7 @@ class PanelWindows {
 
     Services services_;
     QRectF notch_;
+    bool overOwnClock_ = false;     // the desktop's
     std::optional<QRectF> screen_;  // frame of the notch's screen
     Course notchCourse_;
     Course panelCourse_;

@@ -29,6 +29,9 @@ class Screens {
     /// Height in points of what the desktop keeps free at the top of the main screen; 0 where that
     /// is not known.
     virtual double statusBarThickness() const = 0;
+    /// Whether the desktop keeps its own clock at the top centre, under the notch: what is clicked
+    /// there is meant for that.
+    virtual bool hasOwnClock() const { return false; }
     /// Calls back after monitors have come, gone or changed, once for all of a turn's changes.
     [[nodiscard]] virtual Subscription onChange(std::function<void()> action) = 0;
 };

@@ -86,6 +86,7 @@ TEST(NotchZones, EndWhereTheyShould) {
     for (const auto& [zone, inside, outside] : {Edge{hoverZone(notch), {860, 10}, {859.9, 10}},
                                                 Edge{hoverZone(notch), {1059.9, 10}, {1060, 10}},
                                                 Edge{hoverZone(notch), {900, 25.9}, {900, 26}},
+                                                Edge{hoverZone(notch, true), {900, 1.9}, {900, 2}},
                                                 Edge{hoverZone(notch), {900, -6}, {900, -6.1}},
                                                 Edge{stayZone(notch), {852, 10}, {851.9, 10}},
                                                 Edge{stayZone(notch), {1067.9, 10}, {1068, 10}},

@@ -44,7 +44,7 @@ bool Compositor::isXWaylandWanted() {
     return is("NOONWARD_TEST_XWAYLAND", "1");
 }
 
-Compositor::Compositor(const PrivateBus& bus, int scale) {
+Compositor::Compositor(const PrivateBus& bus, int scale) : bus_(bus.address().toStdString()) {
     fs::permissions(folder_.path(), fs::perms::others_exec, fs::perm_options::add);
     for (const char* each : {"run", "home"}) {
         fs::create_directory(folder_ / each);
@@ -60,11 +60,10 @@ Compositor::Compositor(const PrivateBus& bus, int scale) {
     if (::geteuid() == 0)
         words.insert(words.begin(), {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups",
                                      "--pdeathsig=TERM"});
-    const std::string address = bus.address().toStdString();
     process_.emplace(
         words,
-        std::map<std::string, std::string>{{"DBUS_SESSION_BUS_ADDRESS", address},
-                                           {"DBUS_SYSTEM_BUS_ADDRESS", address},
+        std::map<std::string, std::string>{{"DBUS_SESSION_BUS_ADDRESS", bus_},
+                                           {"DBUS_SYSTEM_BUS_ADDRESS", bus_},
                                            {"GNOME_SHELL_SESSION_MODE", "user"},
                                            {"GSETTINGS_BACKEND", "memory"},
                                            {"HOME", folder_ / "home"},
@@ -84,7 +83,7 @@ Compositor::Compositor(const PrivateBus& bus, int scale) {
         folder_ / "log");
     std::string socket, display, authority;
     if (kind() == Kind::gnome) {
-        awaitGnome(bus);
+        awaitGnome();
         return;
     }
     if (!soon([&] { return fs::exists(folder_ / "run/told") || process_->status(); })) return;
@@ -129,25 +128,29 @@ std::vector<std::string> Compositor::command(int scale) {
     return {"sway", "-c", folder_ / "sway.conf"};
 }
 
+bool Compositor::isFalse(const std::string& script) const {
+    return outputOf("dbus-send --bus=" + bus_ +
+                    " --print-reply --dest=org.gnome.Shell /org/gnome/Shell org.gnome.Shell.Eval "
+                    "string:'" +
+                    script + "' 2>/dev/null")
+               .find("\"false\"") != std::string::npos;
+}
+
 // It starts with its overview over all windows, which comes again while it starts.
-void Compositor::awaitGnome(const PrivateBus& bus) {
-    const auto eval = [&](const std::string& script) {
-        return outputOf("dbus-send --bus=" + bus.address().toStdString() +
-                        " --print-reply --dest=org.gnome.Shell /org/gnome/Shell "
-                        "org.gnome.Shell.Eval string:'" +
-                        script + "' 2>/dev/null");
-    };
-    const auto isFalse = [&](const std::string& script) {
-        return eval(script).find("\"false\"") != std::string::npos;
-    };
-    if (!soon([&] { return isFalse("Main.layoutManager._startingUp") || process_->status(); }))
-        return;
+void Compositor::settle() const {
+    if (kind() != Kind::gnome) return;
     int calm = 0;
     soon([&] {
-        calm = isFalse("Main.overview.visible || Main.overview.animationInProgress") ? calm + 1 : 0;
-        if (calm == 0) eval("Main.overview.hide()");
-        return calm == 20;
+        const bool isAway = isFalse("Main.overview.visible || Main.overview.animationInProgress");
+        if (!isAway) isFalse("Main.overview.hide()");
+        calm = isAway ? calm + 1 : 0;
+        return calm == 50;
     });
+}
+
+void Compositor::awaitGnome() {
+    if (!soon([&] { return isFalse("Main.layoutManager._startingUp") || process_->status(); }))
+        return;
     const std::string run = folder_ / "run";
     announced_ = {{"WAYLAND_DISPLAY", run + "/wayland-gnome"}, {"XDG_CURRENT_DESKTOP", "GNOME"}};
     std::istringstream lines(log());

@@ -30,13 +30,17 @@ class Compositor {
     const std::map<std::string, std::string>& announced() const { return announced_; }
     std::string display() const { return announced_.at("WAYLAND_DISPLAY"); }
     void signal(int number) const { process_->signal(number); }
+    /// Waits until it covers no window any more of its own accord; there has to be a hand by then.
+    void settle() const;
     /// What it says of itself, for when it does not do what it should.
     std::string log() const { return readText(folder_ / "log"); }
 
  private:
     std::vector<std::string> command(int scale);
-    void awaitGnome(const PrivateBus& bus);
+    void awaitGnome();
+    bool isFalse(const std::string& script) const;
 
+    std::string bus_;
     TempFolder folder_;
     std::optional<Process> process_;
     std::map<std::string, std::string> announced_;

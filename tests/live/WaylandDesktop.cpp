@@ -80,6 +80,7 @@ void WaylandDesktop::start(int scale) {
     hand.emplace(Compositor::kind() == Kind::gnome ? remoteDevices(bus.address().toStdString())
                                                    : virtualDevices(compositor->display().c_str()));
     hand->movePointer(nowhere);
+    compositor->settle();
 }
 
 void WaylandDesktop::launch() {
@@ -162,21 +163,27 @@ bool WaylandDesktop::isEarThere() {
     return sight.colour({660, 3}) == 0;
 }
 
+// A bar of the desktop's own may be as black as the notch: its clocks tell.
 bool WaylandDesktop::isFolded() {
     sight.look();
-    const std::uint32_t colour = sight.colour({860, 12});
-    return colour == otherColour || colour == wallpaper;
+    return !sight.isBright({630, 4, 70, 16}, 120) && !sight.isBright({900, 4, 70, 16}, 120);
 }
 
+// The ribbon is not as high as the settings.
 bool WaylandDesktop::isRibbonSeen() {
-    sight.look();
-    return isStriped(sight, panel) && sight.colour({left + 600, top + 530}) == otherColour;
+    return isPanelSeen() && sight.colour({left + 600, top + 530}) == otherColour;
 }
 
-// They are higher, and opaque enough.
 bool WaylandDesktop::areSettingsSeen() {
+    return isPanelSeen() && sight.colour({left + 600, top + 530}) != otherColour;
+}
+
+// Below the notch, which is as high as the desktop's bar.
+bool WaylandDesktop::isPanelSeen() {
     sight.look();
-    return isStriped(sight, panel) && sight.colour({left + 600, top + 530}) != otherColour;
+    for (panelTop = top; panelTop < top + 16; ++panelTop)
+        if (isStriped(sight, {left, panelTop, 1196, 200})) return true;
+    return false;
 }
 
 void WaylandDesktop::hoverNotch() {

@@ -45,15 +45,17 @@ class WaylandDesktop : public Session {
     /// In a place that even the spring's swing back does not reach.
     bool isEarThere();
     bool isFolded();
+    bool isPanelSeen();
     bool isRibbonSeen();
     bool areSettingsSeen();
     void hoverNotch();
 
     static constexpr std::uint32_t otherColour = 0x204020;
-    /// In the notch, and so that the pointer itself hides nothing that is looked for.
-    static constexpr QPoint resting{740, 4};
+    /// In the notch, at the edge that is its own even over a desktop's clock, and so that the
+    /// pointer itself hides nothing that is looked for.
+    static constexpr QPoint resting{740, 1};
     static constexpr QRect cap{609, 0, 382, 24};
-    static constexpr QRect panel{left, top, 1196, 546};
+    int panelTop = top;  ///< where it was seen last
 
     std::optional<Compositor> compositor;
     std::optional<WaylandHand> hand;

@@ -77,10 +77,10 @@ TEST_F(WaylandStory, APressElsewhereClosesWhatIsOpen) {
     hand->movePointer(resting + QPoint(3, 0));
     hand->click(3);
     see("the menu again", isMenuSeen);
-    hand->clickAt(resting + QPoint(30, 16));
+    hand->clickAt(resting + QPoint(30, 18));
     see("the settings", [this] { return areSettingsSeen(); });
 
-    hand->clickAt({left + 200, top + 161 + 120});  // the field for a place's name
+    hand->clickAt({left + 200, panelTop + 161 + 120});  // the field for a place's name
     hand->type("nairobi");
     hand->key("Tab");
     hand->key(" ");

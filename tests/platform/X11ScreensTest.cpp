@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <cstring>
+#include <string_view>
 
 #include "support/OtherClient.h"
 #include "support/Wait.h"
@@ -52,7 +54,6 @@ TEST_F(X11ScreensTest, TheStatusBarIsWhatIsKeptFreeAtTheTop) {
                           {{0, 32, 1280, 768}, {}, 32},
                           {{0, 32, 1280, 768, 0, 27, 1280, 773}, {1}, 27},
                           {{0, 32, 1280, 768}, {1}, 0},
-                          {{0, 32, 1280, 768}, {0xffffffff}, 0},
                           {{0, 400, 1280, 400}, {0}, 0},
                           {{0, 0xffffffff, 1280, 400}, {0}, 0},
                           {{0, 32}, {0}, 0},
@@ -63,6 +64,22 @@ TEST_F(X11ScreensTest, TheStatusBarIsWhatIsKeptFreeAtTheTop) {
         EXPECT_EQ(screens.statusBarThickness(), each.wanted)
             << testing::PrintToString(each.areas) << testing::PrintToString(each.workspace);
     }
+}
+
+TEST_F(X11ScreensTest, KnowsTheDesktopWhoseClockLiesUnderTheNotch) {
+    const xcb_window_t sign = other.show({0, 0, 1, 1});
+    EXPECT_FALSE(screens.hasOwnClock());
+    set("_NET_SUPPORTING_WM_CHECK", {sign});
+    for (const char* name : {"Openbox", "GNOME Shell"}) {
+        xcb_change_property(other.connection(), XCB_PROP_MODE_REPLACE, sign,
+                            x11->atom("_NET_WM_NAME"), x11->atom("UTF8_STRING"), 8,
+                            static_cast<std::uint32_t>(std::strlen(name)), name);
+        other.sync();
+        EXPECT_EQ(screens.hasOwnClock(), std::string_view(name) == "GNOME Shell") << name;
+    }
+    other.destroy(sign);  // a window manager that has ended leaves its name's window behind
+    EXPECT_FALSE(screens.hasOwnClock());
+    set("_NET_SUPPORTING_WM_CHECK", {});
 }
 
 TEST_F(X11ScreensTest, TellsOfChangesOnceAndOnlyOfRealOnes) {

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <chrono>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace noonward {
@@ -34,6 +35,22 @@ std::optional<std::uint32_t> topOfWorkArea(X11& x11) {
     return areas[4 * workspace + 1];
 }
 
+// The window manager's name, by the window that it leaves as its sign.
+std::string windowManager(X11& x11) {
+    const auto ask = [&](xcb_window_t window, const char* property) {
+        const auto cookie = xcb_get_property(x11.connection(), false, window, x11.atom(property),
+                                             XCB_GET_PROPERTY_TYPE_ANY, 0, mostWords);
+        return Reply<xcb_get_property_reply_t>(
+            xcb_get_property_reply(x11.connection(), cookie, nullptr));
+    };
+    const auto sign = ask(x11.root(), "_NET_SUPPORTING_WM_CHECK");
+    if (!sign || sign->format != 32 || sign->value_len == 0) return {};
+    const auto window = *static_cast<const xcb_window_t*>(xcb_get_property_value(sign.get()));
+    const auto name = ask(window, "_NET_WM_NAME");
+    if (!name || name->format != 8) return {};
+    return {static_cast<const char*>(xcb_get_property_value(name.get())), name->value_len};
+}
+
 }  // namespace
 
 X11Screens::X11Screens(X11& x11) : x11_(x11) {
@@ -55,6 +72,10 @@ double X11Screens::statusBarThickness() const {
     if (!screen || screen->geometry().top() != 0) return 0;
     const double points = topOfWorkArea(x11_).value_or(0) / screen->devicePixelRatio();
     return points <= thickest ? points : 0;
+}
+
+bool X11Screens::hasOwnClock() const {
+    return windowManager(x11_) == "GNOME Shell";
 }
 
 }  // namespace noonward

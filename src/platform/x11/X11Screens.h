@@ -13,6 +13,8 @@ class X11Screens final : public NotchedScreens {
  public:
     explicit X11Screens(X11& x11);  ///< which must outlive this object
     double statusBarThickness() const override;
+    /// GNOME Shell's lies there, by the window manager's name (EWMH, _NET_SUPPORTING_WM_CHECK).
+    bool hasOwnClock() const override;
 
  private:
     X11& x11_;
