@@ -55,7 +55,11 @@ class WlrDevices final : public Devices {
         xkb_keymap_unref(map);
         xkb_context_unref(context);
     }
-    ~WlrDevices() override { xkb_state_unref(state_); }
+    ~WlrDevices() override {
+        zwlr_virtual_pointer_v1_destroy(pointer_);
+        zwp_virtual_keyboard_v1_destroy(keyboard_);
+        xkb_state_unref(state_);
+    }
 
     void moveTo(QPoint to) override {
         zwlr_virtual_pointer_v1_motion_absolute(pointer_, now(), static_cast<std::uint32_t>(to.x()),
@@ -91,6 +95,7 @@ class KdeDevices final : public Devices {
         org_kde_kwin_fake_input_authenticate(input_, "hand", "tests");
         done();
     }
+    ~KdeDevices() override { org_kde_kwin_fake_input_destroy(input_); }
     void moveTo(QPoint to) override {
         org_kde_kwin_fake_input_pointer_motion_absolute(input_, wl_fixed_from_int(to.x()),
                                                         wl_fixed_from_int(to.y()));
@@ -138,15 +143,23 @@ std::unique_ptr<WaylandHand::Devices> virtualDevices(const char* name) {
     wl_display* display = wl_display_connect(name);
     if (!display) throw std::runtime_error("no Wayland display");
     Offers offers;
-    wl_registry_add_listener(wl_display_get_registry(display), &listener, &offers);
+    wl_registry* registry = wl_display_get_registry(display);
+    wl_registry_add_listener(registry, &listener, &offers);
     wl_display_roundtrip(display);
+    wl_registry_destroy(registry);
+    std::unique_ptr<WaylandHand::Devices> devices;
     if (offers.pointers && offers.keyboards)
-        return std::make_unique<WlrDevices>(
+        devices = std::make_unique<WlrDevices>(
             display,
             zwlr_virtual_pointer_manager_v1_create_virtual_pointer(offers.pointers, offers.seat),
             zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(offers.keyboards, offers.seat));
-    if (offers.fake) return std::make_unique<KdeDevices>(display, offers.fake);
-    throw std::runtime_error("no virtual devices");
+    else if (offers.fake)
+        devices = std::make_unique<KdeDevices>(display, offers.fake);
+    if (offers.pointers) zwlr_virtual_pointer_manager_v1_destroy(offers.pointers);
+    if (offers.keyboards) zwp_virtual_keyboard_manager_v1_destroy(offers.keyboards);
+    if (offers.seat) wl_seat_destroy(offers.seat);
+    if (!devices) throw std::runtime_error("no virtual devices");
+    return devices;
 }
 
 }  // namespace noonward::test

@@ -77,6 +77,7 @@ void WaylandDesktop::start(int scale) {
     announced = compositor->announced();
     if (Compositor::isXWaylandWanted()) announced.erase("WAYLAND_DISPLAY");
     announced["XDG_RUNTIME_DIR"] = folder.path();
+    announced["ASAN_OPTIONS"] = "detect_leaks=0";  // Qt's plugin is unloaded with objects left over
     hand.emplace(Compositor::kind() == Kind::gnome ? remoteDevices(bus.address().toStdString())
                                                    : virtualDevices(compositor->display().c_str()));
     hand->movePointer(nowhere);

@@ -34,9 +34,15 @@ class PortalHotKeysTest : public testing::Test {
     }
     void bind() {
         portal.await("CreateSession");
-        portal.grant(created);
-        portal.await("BindShortcuts");
+        awaitBinding();
         portal.grant(bound("key1"));
+    }
+    /// A session that has no shortcut yet.
+    void awaitBinding() {
+        portal.grant(created);
+        portal.await("ListShortcuts");
+        portal.grant(bound("other"));
+        portal.await("BindShortcuts");
     }
     bool isTakenOtherwise() {
         const int before = presses;
@@ -76,6 +82,8 @@ TEST_F(PortalHotKeysTest, AsksForTheKeyAndHearsItsPresses) {
     // The response may be there before the answer.
     portal.respond(portal.handle(), {0U, created});
     portal.answer(QVariant::fromValue(QDBusObjectPath(portal.handle())));
+    portal.await("ListShortcuts");
+    portal.refuse();
     portal.await("BindShortcuts");
     const QVariantList arguments = portal.question.arguments();
     EXPECT_EQ(qvariant_cast<QDBusObjectPath>(arguments[0]).path(), session);
@@ -111,7 +119,7 @@ TEST_F(PortalHotKeysTest, FollowsAHandleThatThePortalChoseItself) {
         return !portal.asked.empty();
     }));
     const QString second = folder + "/request/own/second";
-    portal.await("BindShortcuts");
+    portal.await("ListShortcuts");
     portal.answer(QVariant::fromValue(QDBusObjectPath(second)));
     EXPECT_TRUE(eventually([&] {
         portal.respond(second, {0U, bound("key1")});
@@ -129,8 +137,7 @@ TEST_F(PortalHotKeysTest, WithoutThePortalsConsentTheKeyIsTakenOtherwise) {
     };
     const auto bind = [&](const std::function<void()>& step) {
         return [this, step] {
-            portal.grant(created);
-            portal.await("BindShortcuts");
+            awaitBinding();
             step();
         };
     };

@@ -4,6 +4,7 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QRegularExpression>
+#include <algorithm>
 #include <utility>
 
 namespace noonward {
@@ -78,35 +79,57 @@ PortalShortcut::PortalShortcut(SessionBus& bus, Wish wish, Callbacks callbacks)
 
 void PortalShortcut::ask() {
     state_ = State::asked;
-    request(portalCall("CreateSession"),
-            {{QStringLiteral("session_handle_token"), QStringLiteral("noonward_") + wish_.id}},
-            [this](const QVariantMap& created) { bind(created); });
+    request(
+        portalCall("CreateSession"),
+        {{QStringLiteral("session_handle_token"), QStringLiteral("noonward_") + wish_.id}},
+        [this](const QVariantMap& created) { list(created); }, [this] { refuse(); });
 }
 
-void PortalShortcut::bind(const QVariantMap& created) {
+// Portals that remember what the user has granted have it in a new session: to ask for it again
+// could open a dialog at each login.
+void PortalShortcut::list(const QVariantMap& created) {
     session_ =
         handleIn(created.value(QStringLiteral("session_handle")), QStringLiteral("/session"));
     if (session_.isEmpty()) return refuse();
     closings_.listen(bus_.connection(), session_, QStringLiteral("org.freedesktop.portal.Session"),
                      QStringLiteral("Closed"), portal);
-    QDBusMessage call = portalCall("BindShortcuts");
+    const auto take = [this](const QVariantMap& listed) {
+        if (isIn(listed))
+            state_ = State::bound;
+        else
+            bind();
+    };
+    request(sessionCall("ListShortcuts"), {}, take, [this] { bind(); });
+}
+
+void PortalShortcut::bind() {
+    QDBusMessage call = sessionCall("BindShortcuts");
     const Entries shortcuts{{wish_.id,
                              {{QStringLiteral("description"), wish_.description},
                               {QStringLiteral("preferred_trigger"), wish_.trigger}}}};
-    call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts)
-         << QString();
-    request(call, {}, [this](const QVariantMap& bound) { takeBinding(bound); });
+    call << QVariant::fromValue(shortcuts) << QString();
+    const auto take = [this](const QVariantMap& bound) {
+        if (!isIn(bound)) return refuse();
+        state_ = State::bound;
+    };
+    request(call, {}, take, [this] { refuse(); });
 }
 
-// Those that the user has agreed to.
-void PortalShortcut::takeBinding(const QVariantMap& bound) {
-    const QVariant list = bound.value(QStringLiteral("shortcuts"));
-    if (list.metaType() != QMetaType::fromType<QDBusArgument>()) return refuse();
-    const auto argument = qvariant_cast<QDBusArgument>(list);
-    if (argument.currentSignature() != QLatin1String("a(sa{sv})")) return refuse();
-    for (const PortalShortcutEntry& entry : qdbus_cast<Entries>(argument))
-        if (entry.id == wish_.id) state_ = State::bound;
-    if (state_ != State::bound) refuse();
+QDBusMessage PortalShortcut::sessionCall(const char* member) const {
+    QDBusMessage call = portalCall(member);
+    call << QVariant::fromValue(QDBusObjectPath(session_));
+    return call;
+}
+
+// Whether it is among those that the user has agreed to.
+bool PortalShortcut::isIn(const QVariantMap& shortcuts) const {
+    const QVariant all = shortcuts.value(QStringLiteral("shortcuts"));
+    if (all.metaType() != QMetaType::fromType<QDBusArgument>()) return false;
+    const auto argument = qvariant_cast<QDBusArgument>(all);
+    if (argument.currentSignature() != QLatin1String("a(sa{sv})")) return false;
+    const auto entries = qdbus_cast<Entries>(argument);
+    return std::any_of(entries.begin(), entries.end(),
+                       [this](const PortalShortcutEntry& entry) { return entry.id == wish_.id; });
 }
 
 void PortalShortcut::takePress(const QDBusMessage& signal) {
@@ -132,8 +155,10 @@ void PortalShortcut::refuse() {
 
 // ---- org.freedesktop.portal.Request ----
 
-void PortalShortcut::request(QDBusMessage call, QVariantMap options, Granted granted) {
+void PortalShortcut::request(QDBusMessage call, QVariantMap options, Granted granted,
+                             std::function<void()> denied) {
     granted_ = std::move(granted);
+    denied_ = std::move(denied);
     const QString token = QStringLiteral("noonward_%1_%2").arg(wish_.id).arg(++questions_);
     QString sender = bus_.connection().baseService().mid(1);
     sender.replace(QLatin1Char('.'), QLatin1Char('_'));
@@ -158,15 +183,22 @@ void PortalShortcut::awaitResponse(const QString& handle) {
 void PortalShortcut::takeHandle(const QDBusMessage& answer) {
     if (handle_.isEmpty()) return;  // the response was there before the answer
     const QString handle = handleIn(answer.arguments().value(0), QStringLiteral("/request"));
-    if (answer.type() != QDBusMessage::ReplyMessage || handle.isEmpty()) return refuse();
+    if (answer.type() != QDBusMessage::ReplyMessage || handle.isEmpty()) return denyRequest();
     if (handle != handle_) awaitResponse(handle);
+}
+
+void PortalShortcut::denyRequest() {
+    handle_.clear();
+    call_.reset();
+    const auto next = std::exchange(denied_, nullptr);
+    next();
 }
 
 void PortalShortcut::takeResponse(const QDBusMessage& response) {
     if (handle_.isEmpty() || response.path() != handle_) return;
     handle_.clear();
     if (response.signature() != QLatin1String("ua{sv}") || response.arguments()[0].toUInt() != 0)
-        return refuse();
+        return denyRequest();
     const Granted next = std::exchange(granted_, nullptr);
     next(qdbus_cast<QVariantMap>(response.arguments()[1]));
 }

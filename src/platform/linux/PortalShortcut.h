@@ -37,13 +37,17 @@ class PortalShortcut {
     using Granted = std::function<void(const QVariantMap& results)>;
 
     void ask();
-    void bind(const QVariantMap& created);
-    void takeBinding(const QVariantMap& bound);
+    void list(const QVariantMap& created);
+    void bind();
+    bool isIn(const QVariantMap& shortcuts) const;
+    QDBusMessage sessionCall(const char* member) const;
     void takePress(const QDBusMessage& signal);
     void takeOwner(const QString& before, const QString& now);
     void refuse();
 
-    void request(QDBusMessage call, QVariantMap options, Granted granted);
+    void request(QDBusMessage call, QVariantMap options, Granted granted,
+                 std::function<void()> denied);
+    void denyRequest();
     void awaitResponse(const QString& handle);
     void takeHandle(const QDBusMessage& answer);
     void takeResponse(const QDBusMessage& response);
@@ -56,6 +60,7 @@ class PortalShortcut {
     QString session_;  // handle, once there is one
     QString handle_;   // of the request under way
     Granted granted_;  // what comes next
+    std::function<void()> denied_;
     BusListener activations_;
     BusListener responses_;  // to requests; old ones are told by their paths
     BusListener closings_;
