@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -13,6 +11,7 @@
 #include "Budget.h"
 #include "LiveServer.h"
 #include "Median.h"
+#include "RestingProcess.h"
 #include "support/Memory.h"
 #include "support/PrivateBus.h"
 #include "support/Process.h"
@@ -66,26 +65,6 @@ double millisecondsToWindow(Desktop& desktop, const char* program) {
     return Milliseconds(Clock::now() - start).count();
 }
 
-// How often any thread has gone to sleep since it began: it has woken as often.
-long sleeps(pid_t pid) {
-    long all = 0;
-    const std::string tasks = "/proc/" + std::to_string(pid) + "/task";
-    for (const auto& task : std::filesystem::directory_iterator(tasks)) {
-        std::ifstream file(task.path() / "status");
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with("voluntary_ctxt_switches:")) all += std::stol(line.substr(24));
-        }
-    }
-    return all;
-}
-
-double cpuSeconds(pid_t pid) {
-    std::ifstream file("/proc/" + std::to_string(pid) + "/schedstat");
-    double nanoseconds = 0;
-    file >> nanoseconds;
-    return nanoseconds / 1e9;
-}
-
 void pressHotKey(LiveServer& server) {
     constexpr std::uint8_t control = 37, alt = 64, letterT = 28;
     server.strike({control, alt, letterT});
@@ -133,13 +112,7 @@ int run(int restSeconds) {
                         privateDirtyKiB(program.id()) / privateDirtyKiB(greeting.id()),
                         "x hello window", 2.5);
 
-    const long sleptBefore = sleeps(program.id());
-    const double cpuBefore = cpuSeconds(program.id());
-    std::this_thread::sleep_for(std::chrono::seconds(restSeconds));
-    const auto slept = static_cast<double>(sleeps(program.id()) - sleptBefore);
-    kept &= keepsBudget("wakeups at rest", slept * 60 / restSeconds, "a minute", 6);
-    kept &= keepsBudget("CPU at rest", (cpuSeconds(program.id()) - cpuBefore) * 100 / restSeconds,
-                        "%", 0.02);
+    kept &= keepsRest(program.id(), restSeconds);
 
     std::vector<double> frames;
     for (int i = 0; i < openings; ++i)
