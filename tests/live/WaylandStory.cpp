@@ -39,16 +39,22 @@ TEST_F(WaylandStory, AClickOpensTheRibbonWithTheKeysAndGivesThemBack) {
     see("the ribbon", [this] { return isRibbonSeen(); });
     hand->type("7:30am ny");
     hand->key("Return");
+    hand->movePointer(below);
+    const auto close = [this] {
+        hand->key("Escape");
+        see("the notch folded", [this] { return isFolded(); });
+    };
     hand->key("c");
+    close();
+    // The program that pastes may need the keyboard for it.
     see("the copied times", [this] {
         return paste("-t text/plain;charset=utf-8").find("New York 07:30 ") != std::string::npos;
     });
+    toggle();
+    see("the ribbon", [this] { return isRibbonSeen(); });
     hand->key("p");
+    close();
     see("the copied picture", [this] { return paste("-t image/png").starts_with("\x89PNG"); });
-    hand->key("Escape");
-    see("the ribbon gone", [this] { return !isRibbonSeen(); });
-    hand->movePointer(below);
-    see("the notch folded", [this] { return isFolded(); });
     hand->key("x");
     seeGiven("x");
 }
@@ -72,8 +78,12 @@ TEST_F(WaylandStory, APressElsewhereClosesWhatIsOpen) {
         return sight.isBright({760, 34, 100, 50}, 150);
     };
     see("the menu", isMenuSeen);
-    hand->key("Escape");
+    if (Compositor::kind() == Compositor::Kind::gnome)
+        hand->clickAt(below);  // it gives an X client's menu no keys
+    else
+        hand->key("Escape");
     see("the menu gone", [&] { return !isMenuSeen(); });
+    hoverNotch();
     hand->movePointer(resting + QPoint(3, 0));
     hand->click(3);
     see("the menu again", isMenuSeen);

@@ -9,7 +9,8 @@
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
-#include <utility>
+#include <algorithm>
+#include <vector>
 
 #include "platform/wayland/LayerShell.h"
 
@@ -60,8 +61,10 @@ struct WaylandLayers::Surface {
     void place(const QRect& geometry) {
         const QScreen* screen = screenOf(geometry);
         const QPoint at0 = geometry.topLeft() - (screen ? screen->geometry().topLeft() : QPoint());
-        zwlr_layer_surface_v1_set_size(role, static_cast<std::uint32_t>(geometry.width()),
-                                       static_cast<std::uint32_t>(geometry.height()));
+        // None at all would mean as wide or high as the screen, and break the protocol here.
+        zwlr_layer_surface_v1_set_size(role,
+                                       static_cast<std::uint32_t>(std::max(geometry.width(), 1)),
+                                       static_cast<std::uint32_t>(std::max(geometry.height(), 1)));
         zwlr_layer_surface_v1_set_margin(role, at0.y(), 0, 0, at0.x());
         at = geometry;
     }
@@ -76,9 +79,9 @@ struct WaylandLayers::Surface {
         static_cast<Surface*>(self)->configured = true;
         zwlr_layer_surface_v1_ack_configure(role, serial);
     }
-    // Its monitor has gone, or the compositor wants it away.
+    // Its monitor has gone, or the compositor wants it away. This object goes with that.
     static void closed(void* self, zwlr_layer_surface_v1*) {
-        auto& surface = *static_cast<Surface*>(self);
+        const auto& surface = *static_cast<Surface*>(self);
         surface.layers->showAnew(*surface.window, false);
     }
     static constexpr zwlr_layer_surface_v1_listener listener{configure, closed};
@@ -146,7 +149,10 @@ void WaylandLayers::setInputRegion(QWindow& window, const QRegion& region) {
 
 void WaylandLayers::setAboveFullScreen(bool above) {
     aboveFullScreen_ = above;
+    std::vector<QWindow*> all;
     for (const auto& [window, surface] : surfaces_)
+        all.push_back(window);
+    for (QWindow* window : all)  // to follow may be to go
         follow(*window);
 }
 
@@ -226,11 +232,21 @@ void WaylandLayers::show(QWindow& window, const Kept& kept) {
     if (kept.keys || (isMenu && !haveKeys())) shown->setKeys(true);
     shown->place(window.geometry());
     wl_surface_commit(surface);
-    Surface& placed = *surfaces_.emplace(&window, std::move(shown)).first->second;
-    for (int round = 0; round < mostRounds && !placed.configured; ++round)
-        if (!wayland_.roundTrip()) return;
-    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(placed.role), nullptr);
+    surfaces_.emplace(&window, std::move(shown));
+    awaitPlace(window);
     changes_.announce();
+}
+
+// The compositor may also close it at once.
+void WaylandLayers::awaitPlace(QWindow& window) {
+    for (int round = 0; round < mostRounds; ++round) {
+        if (!wayland_.roundTrip()) return;
+        const auto shown = surfaces_.find(&window);
+        if (shown == surfaces_.end()) return;
+        if (!shown->second->configured) continue;
+        wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(shown->second->role), nullptr);
+        return;
+    }
 }
 
 void WaylandLayers::follow(QWindow& window) {
@@ -241,7 +257,7 @@ void WaylandLayers::follow(QWindow& window) {
     if (!screen) return;
     // A surface stays on its monitor.
     wl_output* output = wayland_.outputOf(*screen);
-    if (std::exchange(surface.output, output) != output) return showAnew(window, true);
+    if (output != surface.output) return showAnew(window, true);
     const std::uint32_t layer = layerOf(surface.kind);
     const bool rises =
         layer != surface.layer &&
@@ -259,10 +275,12 @@ void WaylandLayers::drop(QWindow& window) {
     changes_.announce();
 }
 
-// Hidden, and shown again where that is wanted: its role is over.
+// Its role is over: it is hidden, and shown again where that is wanted, unless somebody has done so
+// by then.
 void WaylandLayers::showAnew(QWindow& window, bool again) {
-    const auto step = [guard = QPointer<QWindow>(&window), again] {
-        QWidget* widget = guard ? widgetOf(*guard) : nullptr;
+    drop(window);
+    const auto step = [this, guard = QPointer<QWindow>(&window), again] {
+        QWidget* widget = guard && !surfaces_.contains(guard) ? widgetOf(*guard) : nullptr;
         if (!widget || !widget->isVisible()) return;
         widget->hide();
         if (again) widget->show();

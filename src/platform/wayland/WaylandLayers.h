@@ -71,6 +71,7 @@ class WaylandLayers final : public QObject {
     void remember(QWidget& widget, Kind kind);
     void takePopup(QWidget& widget);
     void show(QWindow& window, const Kept& kept);
+    void awaitPlace(QWindow& window);
     void follow(QWindow& window);
     void drop(QWindow& window);
     void showAnew(QWindow& window, bool again);

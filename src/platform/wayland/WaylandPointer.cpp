@@ -31,6 +31,8 @@ void WaylandPointer::waitFor(const QRectF& zone, std::function<void()> entered) 
     }
     trigger_->setGeometry(place);
     layers_.setInputRegion(*trigger_->windowHandle(), QRect(QPoint(), place.size()));
+    // Where its monitor has gone it counts as shown, and is not.
+    if (!layers_.surfaceOf(*trigger_->windowHandle())) trigger_->hide();
     trigger_->show();
     if (position_ && zone_.contains(*position_)) enteredZone();
 }
