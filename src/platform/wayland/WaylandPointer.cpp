@@ -39,6 +39,7 @@ void WaylandPointer::waitFor(const QRectF& zone, std::function<void()> entered) 
 
 void WaylandPointer::stopWaiting() {
     entered_ = nullptr;
+    giveWay();
     disarmIfIdle();
 }
 
@@ -88,6 +89,7 @@ void WaylandPointer::enteredZone() {
         [this] {
             if (!position_ || !zone_.contains(*position_)) return;
             if (const auto entered = std::exchange(entered_, nullptr)) entered();
+            giveWay();  // the notch may be there still, on its way back
         },
         Qt::QueuedConnection);
 }
