@@ -81,7 +81,7 @@ class Session : public testing::Test {
     }
 
     /// What there is to see, for when something does not come about.
-    virtual std::string situation() { return {}; }
+    virtual std::string situation() = 0;
 
     static constexpr std::uint32_t wallpaper = 0x336699;
     static constexpr QPoint notch{800, 12};

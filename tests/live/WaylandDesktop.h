@@ -34,7 +34,6 @@ class WaylandDesktop : public Session {
         QSize size() const { return size_; }
 
      private:
-        friend class WaylandDesktop;
         std::vector<std::uint8_t> pixels(const QRect& where) override;
 
         const WaylandDesktop& desktop_;

@@ -123,9 +123,7 @@ TEST_F(WaylandStory, EndsWithTheCompositor) {
     launch();
     toggle();
     compositor->signal(SIGKILL);
-    const auto since = std::chrono::steady_clock::now();
     EXPECT_EQ(exitStatus(), 1);
-    EXPECT_LT(std::chrono::steady_clock::now() - since, 1s);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
 // A portal that ends whenever it is asked is not asked for ever.
-constexpr int mostQuestions = 10;  // two for each binding
+constexpr int mostQuestions = 10;  // at most three for each binding
 
 QDBusMessage portalCall(const char* member) {
     return QDBusMessage::createMethodCall(portal, path, interface, QString::fromLatin1(member));

@@ -50,7 +50,7 @@ Wayland::Wayland(wl_display* display)
     wl_proxy_wrapper_destroy(wrapper);
     wl_registry_add_listener(registry_, &Listener::registry, this);
     roundTrip();
-    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(registry_), nullptr);
+    handToQt(reinterpret_cast<wl_proxy*>(registry_));
 }
 
 Wayland::~Wayland() {
@@ -87,6 +87,11 @@ wl_proxy* Wayland::bindProxy(const wl_interface& interface, std::uint32_t versio
 
 bool Wayland::roundTrip() const {
     return wl_display_roundtrip_queue(display_, queue_) >= 0;
+}
+
+void Wayland::handToQt(wl_proxy* proxy) const {
+    wl_proxy_set_queue(proxy, nullptr);
+    wl_display_dispatch_queue_pending(display_, queue_);
 }
 
 }  // namespace noonward

@@ -50,6 +50,9 @@ class Wayland final {
     /// Waits until the compositor has answered all that has been asked; the events that come
     /// meanwhile in `queue()` are told. False when the compositor has gone.
     bool roundTrip() const;
+    /// From now on the events of an object in `queue()` come by Qt's event loop. Those that wait
+    /// are told at once: told by the next `roundTrip` they would come after newer ones.
+    void handToQt(wl_proxy* proxy) const;
 
  private:
     struct Global {

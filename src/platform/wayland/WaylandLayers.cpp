@@ -244,8 +244,7 @@ void WaylandLayers::awaitPlace(QWindow& window) {
         const auto shown = surfaces_.find(&window);
         if (shown == surfaces_.end()) return;
         if (!shown->second->configured) continue;
-        wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(shown->second->role), nullptr);
-        return;
+        return wayland_.handToQt(reinterpret_cast<wl_proxy*>(shown->second->role));
     }
 }
 
@@ -259,11 +258,11 @@ void WaylandLayers::follow(QWindow& window) {
     wl_output* output = wayland_.outputOf(*screen);
     if (output != surface.output) return showAnew(window, true);
     const std::uint32_t layer = layerOf(surface.kind);
-    const bool rises =
+    const bool changesLayer =
         layer != surface.layer &&
         wl_proxy_get_version(reinterpret_cast<wl_proxy*>(surface.role)) >= sinceSetLayer;
-    if (!rises && window.geometry() == surface.at) return;
-    if (rises) zwlr_layer_surface_v1_set_layer(surface.role, surface.layer = layer);
+    if (!changesLayer && window.geometry() == surface.at) return;
+    if (changesLayer) zwlr_layer_surface_v1_set_layer(surface.role, surface.layer = layer);
     surface.place(window.geometry());
     wl_surface_commit(surface.surface);
     changes_.announce();

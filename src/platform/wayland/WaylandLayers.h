@@ -9,7 +9,6 @@
 #include "base/Published.h"
 #include "platform/wayland/Wayland.h"
 
-class QScreen;
 class QWidget;
 class QWindow;
 struct zwlr_layer_shell_v1;
@@ -47,17 +46,17 @@ class WaylandLayers final : public QObject {
     void setKeys(QWindow& window, bool wanted);
     /// Only presses inside `region` (window points) meet it; an empty one lets all of them through.
     void setInputRegion(QWindow& window, const QRegion& region);
-    /// Windows are shown above programs that fill the screen, from their next change on.
+    /// Whether our windows are above programs that fill the screen; those that are shown follow.
     void setAboveFullScreen(bool above);
 
-    /// Where the pointer can meet what is shown of those kinds, in desktop points.
+    /// Where the pointer can meet what is shown of that kind, in desktop points.
     QRegion where(Kind kind) const;
     /// Null while it is not shown.
     wl_surface* surfaceOf(QWindow& window) const;
     /// One has come, gone, moved or taken another region.
     Announcer& changes() { return changes_; }
 
-    /// The window that our surfaces belong to has the keyboard.
+    /// Whether one of our windows has the keyboard.
     static bool haveKeys();
 
  private:

@@ -78,9 +78,9 @@ void WaylandWindowSystem::blur(QWindow& window, Blur& blur) {
     if (surface == blur.surface) return;
     if (blur.blur) org_kde_kwin_blur_release(std::exchange(blur.blur, nullptr));
     blur.surface = surface;
-    if (translucency() != Translucency::blurred && manager_)
-        org_kde_kwin_blur_manager_destroy(std::exchange(manager_, nullptr));
-    if (!surface || translucency() != Translucency::blurred) return;
+    const bool canBlur = translucency() == Translucency::blurred;
+    if (!canBlur && manager_) org_kde_kwin_blur_manager_destroy(std::exchange(manager_, nullptr));
+    if (!surface || !canBlur) return;
     if (!manager_)
         manager_ = wayland_.bind<org_kde_kwin_blur_manager>(org_kde_kwin_blur_manager_interface, 1);
     if (blur.region.isEmpty()) {
