@@ -12,10 +12,9 @@
 #include "LiveServer.h"
 #include "Median.h"
 #include "RestingProcess.h"
+#include "TwoPlaces.h"
 #include "support/Memory.h"
-#include "support/PrivateBus.h"
 #include "support/Process.h"
-#include "support/TempFolder.h"
 
 namespace noonward::bench {
 namespace {
@@ -30,31 +29,16 @@ constexpr int openings = 15;
 
 class Desktop {
  public:
-    Desktop() {
-        test::writeText(data_ / "Noonward/places.json",
-                        R"({"places":[
-                {"label":"London","short":"LON","zone":"Europe/London","home":true},
-                {"label":"New York","short":"NYC","zone":"America/New_York"}],
-                "favourites":["London","New York"],"welcomed":true,"clickSound":false})");
-        server.movePointer(800, 600);
-    }
+    Desktop() { server.movePointer(800, 600); }
 
     std::map<std::string, std::string> environment() const {
-        return {{"DISPLAY", server.display()},
-                {"DBUS_SESSION_BUS_ADDRESS", bus_.address().toStdString()},
-                {"HOME", data_.path()},
-                {"LANG", "C.UTF-8"},
-                {"PATH", "/usr/bin:/bin"},
-                {"XDG_DATA_HOME", data_.path()},
-                {"QT_QPA_PLATFORM", "xcb"},
-                {"QT_ACCESSIBILITY", "0"}};
+        return home_.environment({{"DISPLAY", server.display()}, {"QT_QPA_PLATFORM", "xcb"}});
     }
 
     LiveServer server;
 
  private:
-    test::PrivateBus bus_;
-    test::TempFolder data_;
+    TwoPlaces home_;
 };
 
 double millisecondsToWindow(Desktop& desktop, const char* program) {

@@ -12,11 +12,10 @@
 #include "Budget.h"
 #include "Median.h"
 #include "RestingProcess.h"
+#include "TwoPlaces.h"
 #include "live/Compositor.h"
 #include "support/Memory.h"
-#include "support/PrivateBus.h"
 #include "support/Process.h"
-#include "support/TempFolder.h"
 
 namespace noonward::bench {
 namespace {
@@ -33,29 +32,17 @@ class Session {
  public:
     Session() {
         if (!compositor_) throw std::runtime_error("sway has not started");
-        test::writeText(folder_ / "Noonward/places.json",
-                        R"({"places":[
-                {"label":"London","short":"LON","zone":"Europe/London","home":true},
-                {"label":"New York","short":"NYC","zone":"America/New_York"}],
-                "favourites":["London","New York"],"welcomed":true,"clickSound":false})");
     }
 
     std::map<std::string, std::string> environment(bool logs) const {
-        auto result = compositor_.announced();
-        result.merge(std::map<std::string, std::string>{
-            {"DBUS_SESSION_BUS_ADDRESS", bus_.address().toStdString()},
-            {"HOME", folder_.path()},
-            {"LANG", "C.UTF-8"},
-            {"PATH", "/usr/bin:/bin"},
-            {"QT_ACCESSIBILITY", "0"},
-            {"QT_QPA_PLATFORM", "wayland"},
-            {"XDG_DATA_HOME", folder_.path()},
-            {"XDG_RUNTIME_DIR", folder_.path()}});
-        if (logs) result["WAYLAND_DEBUG"] = "1";
-        return result;
+        auto display = compositor_.announced();
+        display["QT_QPA_PLATFORM"] = "wayland";
+        display["XDG_RUNTIME_DIR"] = home_.folder();
+        if (logs) display["WAYLAND_DEBUG"] = "1";
+        return home_.environment(display);
     }
-    std::string bus() const { return bus_.address().toStdString(); }
-    std::filesystem::path log() const { return folder_ / "log"; }
+    std::string bus() const { return home_.bus().address().toStdString(); }
+    std::filesystem::path log() const { return home_.folder() / "log"; }
 
     /// Waits for something in the log, from a place in it on; the place after it.
     std::size_t await(const std::string& wanted, std::size_t from = 0) const {
@@ -82,9 +69,8 @@ class Session {
     }
 
  private:
-    test::TempFolder folder_;
-    test::PrivateBus bus_;
-    test::Compositor compositor_{bus_};
+    TwoPlaces home_;
+    test::Compositor compositor_{home_.bus()};
 };
 
 const std::string picture = ".attach(wl_buffer";

@@ -1,7 +1,5 @@
 #include "platform/LinuxDesktop.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <cstdlib>
 #include <utility>
 
@@ -31,25 +29,6 @@ namespace {
 std::string environmentVariable(const char* name) {
     const char* value = std::getenv(name);
     return value ? value : std::string();
-}
-
-// Qt's plugin for Wayland is in a package of its own.
-bool hasWaylandPlugin() {
-    for (const QString& folder : QCoreApplication::libraryPaths()) {
-        const QDir platforms(folder + QStringLiteral("/platforms"));
-        if (!platforms.entryList({QStringLiteral("libqwayland*.so")}, QDir::Files).isEmpty())
-            return true;
-    }
-    return false;
-}
-
-// Why the program cannot be a Wayland client; empty when it can.
-std::string againstWayland() {
-    if (environmentVariable("WAYLAND_DISPLAY").empty()) return "WAYLAND_DISPLAY is not set";
-    if (!hasWaylandPlugin()) return "Qt's plugin for Wayland is not installed";
-    if (!Wayland::knowsQt()) return "Qt is of another version than the program was built for";
-    if (!compositorHasLayers()) return "the Wayland desktop does not let programs place windows";
-    return {};
 }
 
 }  // namespace
@@ -86,7 +65,7 @@ struct LinuxDesktop::Services {
 std::string LinuxDesktop::prepare() {
     SessionBus::startNone();
     endQuietlyWithTheServer();
-    const std::string reason = againstWayland();
+    const std::string reason = whyNotWayland();
     if (reason.empty()) {
         qputenv("QT_QPA_PLATFORM", "wayland");
         WaylandLayers::prepare();

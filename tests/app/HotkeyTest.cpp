@@ -30,11 +30,5 @@ TEST(Hotkey, IsToldApartByItsId) {
     EXPECT_EQ(done, "121");
 }
 
-TEST(Hotkey, DoesWithoutOneThatIsTaken) {
-    FakeHotKeys keys;
-    keys.outcome = HotKeys::Outcome::taken;
-    EXPECT_FALSE(Hotkey(keys, 17, controlOption, 1, [] { FAIL(); }).registered());
-}
-
 }  // namespace
 }  // namespace noonward::test

@@ -20,15 +20,6 @@ TEST_F(BusStory, SignalsOfOthersOpenAndClose) {
     see("the settings", [this] { return areSettingsSeen(); });
 }
 
-TEST_F(BusStory, ASecondStartIsForTheFirst) {
-    launch();
-    EXPECT_EQ(exitStatus(*startCopy()), 0);
-    see("the ribbon", [this] { return isRibbonSeen(); });
-    EXPECT_EQ(exitStatus(*startCopy()), 0);
-    see("the ribbon gone", [this] { return !panel(); });
-    EXPECT_FALSE(program->status());
-}
-
 TEST_F(BusStory, WithoutABusOnlyThatIsMissing) {
     bus.stop();
     launch();

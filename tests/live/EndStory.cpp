@@ -23,13 +23,6 @@ class EndStory : public Desktop {
     nlohmann::json before;
 };
 
-TEST_F(EndStory, ByTheMenu) {
-    openMenu();
-    hand.key("Up");
-    hand.key("Return");
-    EXPECT_EQ(exitStatus(), 0);
-}
-
 TEST_F(EndStory, ByTheMenuAndTheMouse) {
     openMenu();
     hand.clickAt(menu()->bottomLeft() + QPoint(30, -12));

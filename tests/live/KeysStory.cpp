@@ -24,12 +24,6 @@ class KeysStory : public Desktop {
     void seeProposal() {
         see("a proposal", [this] { return panel()->height() > plainHeight_; });
     }
-    void seeNoProposal() {
-        see("no proposal", [this] { return panel()->height() == plainHeight_; });
-    }
-    void seeGone() {
-        see("the panel gone", [this] { return !panel(); });
-    }
 
     int plainHeight_ = 0;
 };
@@ -53,20 +47,6 @@ TEST_F(KeysStory, MoveTheProposal) {
         EXPECT_EQ(now, (shown + each.by + week) % week) << each.key;
         shown = now;
     }
-}
-
-TEST_F(KeysStory, FindTheFairestHourAndForgetIt) {
-    hand.key("f");
-    seeProposal();
-    const std::string fairest = copied();
-    hand.key("n");
-    seeNoProposal();
-    const std::string invitation = copiedBy([this] { hand.clickAt(copyButton()); });
-    moveAway();
-    const std::string hours = fairest.substr(fairest.find(':') - 2, 5);
-    EXPECT_EQ(hours.substr(3), "00") << fairest;
-    EXPECT_NE(invitation.find("Proposed time (1 hour):\n"), std::string::npos);
-    EXPECT_NE(invitation.find(": " + hours + "–"), std::string::npos) << fairest << invitation;
 }
 
 TEST_F(KeysStory, SwitchTheFormatWithoutKeepingIt) {
@@ -104,11 +84,6 @@ TEST_F(KeysStory, TypeATimeOrGiveItUp) {
     EXPECT_TRUE(hasClipboard());
 }
 
-TEST_F(KeysStory, CycleTheLength) {
-    for (const int minutes : {15, 30, 45, 60})
-        changeLengthTo(minutes);
-}
-
 TEST_F(KeysStory, OpenTheSettingsAndLeaveThem) {
     hand.key("s");
     see("the settings", [this] { return areSettingsSeen(); });
@@ -118,16 +93,8 @@ TEST_F(KeysStory, OpenTheSettingsAndLeaveThem) {
     hand.key("s");
     see("the settings", [this] { return areSettingsSeen(); });
     hand.key("Control+w");
-    seeGone();
+    see("the panel gone", [this] { return !panel(); });
     openRibbon();
-}
-
-TEST_F(KeysStory, CloseTheRibbon) {
-    for (const char* key : {"Escape", "Control+w", "u"}) {
-        hand.key(key);
-        seeGone();
-        openRibbon();
-    }
 }
 
 }  // namespace

@@ -53,19 +53,6 @@ TEST_F(NotchStory, CannotBeSeenNorMetBeforeThat) {
     other.raise(below);
 }
 
-TEST_F(NotchStory, ItsClickOpensTheRibbonAndClosesItAgain) {
-    launch();
-    hoverNotch();
-    hand.click(1);
-    see("the ribbon", [this] { return isRibbonSeen(); });
-    EXPECT_EQ(panel()->left(), 202);
-    EXPECT_EQ(panel()->width(), 1196);
-    hand.click(1);
-    see("the ribbon gone", [this] { return !panel(); });
-    EXPECT_TRUE(staysFor(foldingTime, [this] { return isEarThere(); })) << "the pointer is there";
-    leaveNotch();
-}
-
 TEST_F(NotchStory, APressElsewhereClosesTheRibbonAndIsHeardThere) {
     showOther();
     launch();

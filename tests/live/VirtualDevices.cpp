@@ -39,11 +39,8 @@ class WlrDevices final : public Devices {
     WlrDevices(wl_display* display, zwlr_virtual_pointer_v1* pointer,
                zwp_virtual_keyboard_v1* keyboard)
         : Devices(display), pointer_(pointer), keyboard_(keyboard) {
-        xkb_context* context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
-        const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
-        xkb_keymap* map = xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS);
-        state_ = xkb_state_new(map);
-        char* text = xkb_keymap_get_as_string(map, XKB_KEYMAP_FORMAT_TEXT_V1);
+        state_ = xkb_state_new(usKeymap());
+        char* text = xkb_keymap_get_as_string(usKeymap(), XKB_KEYMAP_FORMAT_TEXT_V1);
         const std::size_t size = std::strlen(text) + 1;
         const int file = ::memfd_create("keymap", 0);
         if (::write(file, text, size) == static_cast<ssize_t>(size))
@@ -52,8 +49,6 @@ class WlrDevices final : public Devices {
         done();
         ::close(file);
         std::free(text);
-        xkb_keymap_unref(map);
-        xkb_context_unref(context);
     }
     ~WlrDevices() override {
         zwlr_virtual_pointer_v1_destroy(pointer_);

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "platform/linux/Keymap.h"
+
 namespace noonward::test {
 namespace {
 
@@ -37,22 +39,15 @@ void WaylandHand::pressOrNot(std::uint8_t button, bool down) {
 }
 
 Hand::Place WaylandHand::findSymbol(std::uint32_t symbol) {
-    xkb_context* context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
-    const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
-    xkb_keymap* keymap = xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS);
-    std::optional<Place> place;
-    for (xkb_keycode_t code = xkb_keymap_max_keycode(keymap); code >= keyOffset; --code) {
+    for (xkb_keycode_t code = keyOffset; code <= xkb_keymap_max_keycode(usKeymap()); ++code) {
         for (xkb_level_index_t level = 0; level < 2; ++level) {
             const xkb_keysym_t* symbols = nullptr;
-            const int count = xkb_keymap_key_get_syms_by_level(keymap, code, 0, level, &symbols);
-            if (count == 1 && symbols[0] == symbol)
-                place = {static_cast<std::uint8_t>(code), level == 1};
+            if (xkb_keymap_key_get_syms_by_level(usKeymap(), code, 0, level, &symbols) == 1 &&
+                symbols[0] == symbol)
+                return {static_cast<std::uint8_t>(code), level == 1};
         }
     }
-    xkb_keymap_unref(keymap);
-    xkb_context_unref(context);
-    if (!place) throw std::out_of_range("a symbol that is on no key");
-    return *place;
+    throw std::out_of_range("a symbol that is on no key");
 }
 
 void WaylandHand::stroke(const std::vector<std::uint8_t>& codes, std::uint32_t) {
@@ -60,6 +55,14 @@ void WaylandHand::stroke(const std::vector<std::uint8_t>& codes, std::uint32_t) 
         devices_->key(code - keyOffset, true);
     for (auto code = codes.rbegin(); code != codes.rend(); ++code)
         devices_->key(*code - keyOffset, false);
+}
+
+xkb_keymap* usKeymap() {
+    static const XkbContext context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    constexpr xkb_rule_names names{"evdev", "pc105", "us", "", ""};
+    static const XkbKeymap keymap(
+        xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    return keymap.get();
 }
 
 }  // namespace noonward::test

@@ -2,7 +2,11 @@
 
 #include <memory>
 
+#include <string>
+
 #include "live/Hand.h"
+
+struct xkb_keymap;
 
 namespace noonward::test {
 
@@ -34,6 +38,9 @@ class WaylandHand final : public Hand {
     std::unique_ptr<Devices> devices_;
     QPoint at_;
 };
+
+/// The keyboard that the hand is at.
+xkb_keymap* usKeymap();
 
 /// By the protocols of wlroots or KWin, on the display of that name.
 std::unique_ptr<WaylandHand::Devices> virtualDevices(const char* display);

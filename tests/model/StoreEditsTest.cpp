@@ -104,16 +104,6 @@ TEST(StoreEdits, SaveNothingWhenRefused) {
     store.move(1, -1);
     store.setHome(0);
     store.toggleFavourite(0);
-    for (const int outside : {-1, 6}) {
-        store.remove(outside);
-        store.rename(outside, "x");
-        store.nudgeWork(outside, true, 1);
-        store.toggleWorkday(outside, 1);
-        store.resetWeek(outside);
-        store.setHolidays(outside, false);
-        store.addDayOff(outside, "2026-01-16");
-        store.removeDayOff(outside, "2026-01-16");
-    }
     EXPECT_EQ(store.config(), before);
     EXPECT_FALSE(std::filesystem::exists(world.paths.file));
     store.nudgeWork(1, true, 10);

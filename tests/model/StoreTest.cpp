@@ -373,26 +373,6 @@ TEST(Store, StoresTheLengthOfMeetings) {
     EXPECT_EQ(store.proposal(), std::nullopt);
 }
 
-TEST(Store, ShowsTimesInTheChosenFormat) {
-    StoreWorld world("Europe/London", "2026-01-15 09:42", threePlaces());
-    Store store(world.services());
-    const Row york = store.rows()[1];
-    EXPECT_EQ(store.time(store.now(), york), "04:42");
-    EXPECT_EQ(store.hourLabel(17), "17");
-    store.format = HourFormat::h12;
-    EXPECT_EQ(store.time(store.now(), york), "4:42 AM");
-    EXPECT_EQ(store.hourLabel(17), "5p");
-    EXPECT_EQ(store.date(store.now(), york), "Thu 15 Jan");
-    EXPECT_EQ(store.asText(utc("2026-01-15 20:00")),
-              "London 8:00 PM Thu 15 Jan (GMT)\nNew York 3:00 PM Thu 15 Jan (EST)\n"
-              "Singapore 4:00 AM Fri 16 Jan (GMT+8)");
-    store.setDuration(45);
-    store.hidden = {"singapore", "new york"};
-    EXPECT_EQ(store.emailText(utc("2026-01-15 20:00")),
-              "Proposed time (45 minutes):\nLondon: 8:00 PM–8:45 PM GMT, Thu 15 Jan");
-    EXPECT_EQ(world.saved().hourFormat, "24h") << "the format is not written back";
-}
-
 TEST(Store, OutlivesItsTicksAndIsOutlivedByItsServices) {
     StoreWorld world("Europe/London", "2026-01-15 09:42", threePlaces());
     {

@@ -134,28 +134,6 @@ TEST(TimeParser, ReadsPlacesAndDays) {
     EXPECT_EQ(parsed("next tue 9am", late), "Tue 2026-06-16 08:00:00");
 }
 
-TEST(TimeParser, KnowsEveryDayWord) {
-    const std::vector<const char*> words[] = {
-        {"sun", "sunday"},
-        {"mon", "monday"},
-        {"tue", "tues", "tuesday"},
-        {"wed", "weds", "wednesday"},
-        {"thu", "thur", "thurs", "thursday"},
-        {"fri", "friday"},
-        {"sat", "saturday"},
-    };
-    int day = 14;  // the Sunday after
-    for (const auto& names : words) {
-        for (const char* name : names) {
-            const auto at = TimeParser::parse("9 next " + std::string(name), london());
-            ASSERT_TRUE(at) << name;
-            const int expected = day >= 17 ? day - 7 : day;
-            EXPECT_EQ(Calendar(zoneNamed("Europe/London")).local(*at).day, expected) << name;
-        }
-        ++day;
-    }
-}
-
 TEST(TimeParser, ResolvesPlacesInOrder) {
     TimeContext context = london();
     context.rows.push_back({"Sin City", "EST", zoneNamed("America/Los_Angeles")});

@@ -106,21 +106,6 @@ TEST(SettingsKeyboard, TypesANameWithASpaceOverATrimmedOne) {
     EXPECT_NE(edit->text(), "New York");
 }
 
-TEST(SettingsKeyboard, WorksTheListWithSpace) {
-    StillWindow window;
-    window.tabTo("Move down");
-    window.key(Qt::Key_Space, " ");
-    EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore", "New York"}));
-    window.key(Qt::Key_Space, " ");  // it can go no further down
-    EXPECT_EQ(window.labels().size(), 3U);
-    window.tabTo("Remove");
-    window.key(Qt::Key_Space, " ");
-    EXPECT_EQ(window.labels(), (std::vector<std::string>{"London", "Singapore"}));
-    window.tabTo("Open at login");
-    window.key(Qt::Key_Space, " ");
-    EXPECT_TRUE(window.loginItem.on);
-}
-
 TEST(SettingsKeyboard, AddsOneCityAfterTheOther) {
     StillWindow window(places(4));
     window.tabTo("A city — Tokyo, Nairobi, Toronto…");
@@ -174,16 +159,6 @@ TEST(SettingsKeyboard, NamesLookAsTheyDoInPictures) {
         const QRect name(at, QSize(330, 26));
         EXPECT_EQ(live.copy(name), picture.copy(name).convertToFormat(QImage::Format_ARGB32));
     }
-}
-
-TEST(SettingsKeyboard, ReturnIsDoneFromAFieldToo) {
-    StillWindow window;
-    window.ui.settingsShown = true;
-    window.tabTo("A city — Tokyo, Nairobi, Toronto…");
-    window.type("nairobi");
-    window.key(Qt::Key_Return, "\r");
-    EXPECT_FALSE(window.ui.settingsShown());
-    EXPECT_EQ(window.labels().size(), 3U);
 }
 
 TEST(SettingsKeyboard, MovedRowsGlide) {

@@ -136,7 +136,7 @@ std::vector<std::string> DesktopEntry::list(std::string_view key) const {
     return entries;
 }
 
-// "1" and "0" are from older versions of the specification of entries.
+// "1" and "0" are from before Desktop Entry 1.0 (freedesktop.org).
 bool DesktopEntry::isTrue(std::string_view key, bool unsaid) const {
     const std::string value = raw(key).value_or("");
     if (value == "true" || value == "1") return true;
